@@ -1,0 +1,41 @@
+# How every target of the project is compiled, and the two ways to declare one.
+
+add_library(skyvert_options INTERFACE)
+target_include_directories(skyvert_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(MSVC)
+  target_compile_options(skyvert_options INTERFACE /W4 /utf-8 /fp:precise)
+else()
+  # No contraction: a fused multiply-add would round once where the written arithmetic rounds twice.
+  target_compile_options(skyvert_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Werror -ffp-contract=off)
+endif()
+if(SKYVERT_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(skyvert_options INTERFACE ${sanitizers})
+  target_link_options(skyvert_options INTERFACE ${sanitizers})
+endif()
+if(SKYVERT_COVERAGE)
+  target_compile_options(skyvert_options INTERFACE --coverage)
+  target_link_options(skyvert_options INTERFACE --coverage)
+endif()
+
+# skyvert_floor(NAME SOURCES file... [PUBLIC lib...] [PRIVATE lib...])
+# The static library of one folder below src/, linked to what its floor may include.
+function(skyvert_floor name)
+  cmake_parse_arguments(floor "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(skyvert_${name} STATIC ${floor_SOURCES})
+  target_link_libraries(skyvert_${name}
+    PUBLIC skyvert_options ${floor_PUBLIC} PRIVATE ${floor_PRIVATE})
+endfunction()
+
+# skyvert_test(FOLDER SOURCES file... LIBRARIES lib...)
+# The test program of one folder below tests/; every test in it is known to CTest by its own name.
+function(skyvert_test folder)
+  cmake_parse_arguments(test "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${folder}_tests ${test_SOURCES})
+  target_include_directories(${folder}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${folder}_tests PRIVATE ${test_LIBRARIES} GTest::gtest_main GTest::gmock)
+  target_compile_definitions(${folder}_tests PRIVATE
+    SKYVERT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+  gtest_discover_tests(${folder}_tests DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,330 @@
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+#include <utility>
+
+namespace skyvert {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kReadSize = std::size_t{256} * 1024;
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
+constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
+constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+FileStream openStream(const fs::path& file, const char* mode) {
+#ifdef _WIN32
+    const std::wstring wideMode(mode, mode + std::strlen(mode));
+    return FileStream(_wfopen(file.c_str(), wideMode.c_str()));
+#else
+    return FileStream(std::fopen(file.c_str(), mode));
+#endif
+}
+
+bool isAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char byte) { return (static_cast<unsigned char>(byte) & 0x80U) != 0; });
+}
+
+void appendUtf8(char32_t point, std::string& out) {
+    if (point < 0x80) {
+        out += static_cast<char>(point);
+        return;
+    }
+    const int continuationBytes = point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
+    const std::array<unsigned, 4> leads{0, 0xC0, 0xE0, 0xF0};
+    const auto lead = leads.at(static_cast<std::size_t>(continuationBytes));
+    out += static_cast<char>(lead | (point >> (6 * continuationBytes)));
+    for (int i = continuationBytes - 1; i >= 0; --i)
+        out += static_cast<char>(0x80U | ((point >> (6 * i)) & 0x3FU));
+}
+
+/// The length in bytes of the well-formed UTF-8 character that `text` opens with (Unicode
+/// Standard, table 3-7), or 0 when there is none.
+std::size_t utf8Length(std::string_view text) {
+    const auto at = [&](std::size_t i) {
+        return static_cast<unsigned char>(text[i]);
+    };
+    const auto continues = [&](std::size_t i, unsigned low = 0x80, unsigned high = 0xBF) {
+        return i < text.size() && at(i) >= low && at(i) <= high;
+    };
+    const unsigned lead = at(0);
+    if (lead < 0x80)
+        return 1;
+    if (lead >= 0xC2 && lead <= 0xDF)
+        return continues(1) ? 2 : 0;
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        const unsigned low = lead == 0xE0 ? 0xA0 : 0x80;
+        const unsigned high = lead == 0xED ? 0x9F : 0xBF;
+        return continues(1, low, high) && continues(2) ? 3 : 0;
+    }
+    if (lead >= 0xF0 && lead <= 0xF4) {
+        const unsigned low = lead == 0xF0 ? 0x90 : 0x80;
+        const unsigned high = lead == 0xF4 ? 0x8F : 0xBF;
+        return continues(1, low, high) && continues(2) && continues(3) ? 4 : 0;
+    }
+    return 0;
+}
+
+char32_t fromWindows1252(unsigned char byte) {
+    // The five bytes that Windows-1252 leaves undefined stand for the C1 controls of that number.
+    static constexpr std::array<char16_t, 32> high{
+        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+        0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+    return byte >= 0x80 && byte < 0xA0 ? high.at(byte - 0x80U) : byte;
+}
+
+/// The permissions of a file that is about to be replaced belong to its successor.
+void copyPermissions(const fs::path& from, const fs::path& to) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(from, ignored);
+    if (fs::exists(status))
+        fs::permissions(to, status.permissions(), ignored);
+}
+
+/// Opens a file that did not exist before, in the folder of `target`.
+std::pair<fs::path, FileStream> createBeside(const fs::path& target) {
+    for (int attempt = 0;; ++attempt) {
+        fs::path path = target;
+        path += ".new" + std::to_string(attempt);
+        errno = 0;
+        FileStream stream = openStream(path, "wbx");
+        if (stream || errno != EEXIST)
+            return {std::move(path), std::move(stream)};
+    }
+}
+
+} // namespace
+
+FileError::FileError(const fs::path& file, std::string_view attempt, int errorNumber)
+    : std::runtime_error("The file \"" + pathText(file) + "\" could not be " +
+                         std::string(attempt) + ": " +
+                         std::generic_category().message(errorNumber) + ".") {}
+
+std::string pathText(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+std::optional<std::string> readWholeFile(const fs::path& file) {
+    const FileStream stream = openStream(file, "rb");
+    if (!stream)
+        return std::nullopt;
+    std::string bytes;
+    std::size_t count = 0;
+    do {
+        const std::size_t size = bytes.size();
+        bytes.resize(std::max(kReadSize, 2 * size));
+        count = std::fread(bytes.data() + size, 1, bytes.size() - size, stream.get());
+        bytes.resize(size + count);
+    } while (count > 0);
+    if (std::ferror(stream.get()) != 0)
+        return std::nullopt;
+    return bytes;
+}
+
+bool writeWholeFile(const fs::path& file, std::string_view bytes) {
+    const FileStream stream = openStream(file, "wb");
+    if (!stream)
+        return false;
+    std::fwrite(bytes.data(), 1, bytes.size(), stream.get());
+    return true;
+}
+
+TextInputStream::TextInputStream(fs::path file, FileStream stream)
+    : file_(std::move(file)), stream_(std::move(stream)) {}
+
+TextInputStream TextInputStream::Open(const fs::path& file) {
+    FileStream stream = openStream(file, "rb");
+    if (!stream)
+        throw FileError(file, "opened", errno);
+    TextInputStream input(file, std::move(stream));
+    input.detectEncoding();
+    return input;
+}
+
+void TextInputStream::detectEncoding() {
+    while (buffer_.size() < kUtf8Mark.size() && fill()) {
+    }
+    if (buffer_.starts_with(kUtf8Mark)) {
+        begin_ = kUtf8Mark.size();
+        return;
+    }
+    const bool little = buffer_.starts_with(kUtf16LittleMark);
+    if (!little && !buffer_.starts_with(kUtf16BigMark))
+        return;
+    encoding_ = little ? Encoding::Utf16Little : Encoding::Utf16Big;
+    const std::string bytes = std::exchange(buffer_, {}).substr(kUtf16LittleMark.size());
+    appendUtf16(bytes);
+}
+
+std::size_t TextInputStream::readBytes(char* target, std::size_t count) {
+    errno = 0;
+    const std::size_t read = std::fread(target, 1, count, stream_.get());
+    if (read < count && std::ferror(stream_.get()) != 0)
+        throw FileError(file_, "read", errno);
+    sourceEnded_ = read == 0;
+    bytesRead_ += read;
+    return read;
+}
+
+bool TextInputStream::fill() {
+    if (sourceEnded_ || !stream_)
+        return false;
+    compact();
+    if (encoding_ != Encoding::EightBit) {
+        std::string bytes(kReadSize, '\0');
+        bytes.resize(readBytes(bytes.data(), bytes.size()));
+        appendUtf16(bytes);
+        return !sourceEnded_;
+    }
+    const std::size_t size = buffer_.size();
+    buffer_.resize(size + std::max(kReadSize, size));
+    buffer_.resize(size + readBytes(buffer_.data() + size, buffer_.size() - size));
+    return !sourceEnded_;
+}
+
+void TextInputStream::compact() {
+    buffer_.erase(0, begin_);
+    nextLineFeed_ -= std::min(nextLineFeed_, begin_);
+    nextReturn_ -= std::min(nextReturn_, begin_);
+    begin_ = 0;
+}
+
+void TextInputStream::appendUtf16(std::string_view bytes) {
+    pendingUtf16_ += bytes;
+    const std::size_t high = encoding_ == Encoding::Utf16Big ? 0 : 1;
+    const auto unit = [&](std::size_t at) {
+        const auto byte = [&](std::size_t i) {
+            return static_cast<unsigned char>(pendingUtf16_[at + i]);
+        };
+        return static_cast<char32_t>((byte(high) << 8U) | byte(1 - high));
+    };
+    std::size_t at = 0;
+    while (at + 2 <= pendingUtf16_.size()) {
+        char32_t point = unit(at);
+        const bool leads = point >= 0xD800 && point < 0xDC00;
+        if (leads && at + 4 > pendingUtf16_.size() && !sourceEnded_)
+            break;
+        at += 2;
+        if (leads && at + 2 <= pendingUtf16_.size() && (unit(at) & 0xFC00U) == 0xDC00) {
+            point = 0x10000 + ((point - 0xD800) << 10U) + (unit(at) - 0xDC00);
+            at += 2;
+        } else if (point >= 0xD800 && point < 0xE000) {
+            point = kReplacementCharacter;
+        }
+        appendUtf8(point, buffer_);
+    }
+    pendingUtf16_.erase(0, at);
+    if (sourceEnded_ && !pendingUtf16_.empty())
+        appendUtf8(kReplacementCharacter, buffer_);
+}
+
+bool TextInputStream::endOfFile() {
+    while (begin_ == buffer_.size() && fill()) {
+    }
+    return begin_ == buffer_.size();
+}
+
+/// The place of the next LF or CR, or the end of the buffer. Both places are kept from call to
+/// call, so that a file with one kind of line end is not searched to its end for the other kind.
+std::size_t TextInputStream::findLineEnd() {
+    const auto advance = [this](std::size_t& place, char byte) {
+        if (place >= begin_ && place < buffer_.size() && buffer_[place] == byte)
+            return;
+        place = std::min(buffer_.find(byte, std::max(place, begin_)), buffer_.size());
+    };
+    advance(nextLineFeed_, '\n');
+    advance(nextReturn_, '\r');
+    return std::min(nextLineFeed_, nextReturn_);
+}
+
+std::string_view TextInputStream::ReadLine() {
+    std::size_t end = findLineEnd();
+    // A CR that ends the buffer may be half of a CRLF.
+    while (end + 1 >= buffer_.size() && fill())
+        end = findLineEnd();
+    const std::string_view line = std::string_view(buffer_).substr(begin_, end - begin_);
+    const bool pair = end + 1 < buffer_.size() && buffer_[end] == '\r' && buffer_[end + 1] == '\n';
+    begin_ = std::min(end + (pair ? 2 : 1), buffer_.size());
+    return decoded(line);
+}
+
+std::string_view TextInputStream::decoded(std::string_view line) {
+    if (isAscii(line))
+        return line;
+    decodedLine_.clear();
+    while (!line.empty()) {
+        const std::size_t length = utf8Length(line);
+        if (length == 0)
+            appendUtf8(fromWindows1252(static_cast<unsigned char>(line.front())), decodedLine_);
+        else
+            decodedLine_ += line.substr(0, length);
+        line.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return decodedLine_;
+}
+
+TextOutputStream::TextOutputStream(fs::path file, fs::path written, FileStream stream)
+    : file_(std::move(file)), written_(std::move(written)), stream_(std::move(stream)) {}
+
+TextOutputStream TextOutputStream::Create(const fs::path& file) {
+    std::error_code noSuchFile;
+    fs::path target = fs::canonical(file, noSuchFile);
+    if (noSuchFile)
+        target = file;
+    const fs::file_status status = fs::status(target, noSuchFile);
+    if (fs::is_directory(status))
+        throw FileError(file, "created", EISDIR);
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        FileStream device = openStream(target, "wb");
+        if (!device)
+            throw FileError(file, "created", errno);
+        return {target, target, std::move(device)};
+    }
+    auto [written, stream] = createBeside(target);
+    if (!stream)
+        throw FileError(file, "created", errno);
+    copyPermissions(target, written);
+    return {std::move(target), std::move(written), std::move(stream)};
+}
+
+TextOutputStream::~TextOutputStream() {
+    if (!stream_)
+        return;
+    stream_.reset();
+    std::error_code ignored;
+    if (isReplacement())
+        fs::remove(written_, ignored);
+}
+
+void TextOutputStream::fail() const {
+    throw FileError(file_, "written", errno);
+}
+
+void TextOutputStream::WriteLine(std::string_view line) {
+    if (std::fwrite(line.data(), 1, line.size(), stream_.get()) != line.size() ||
+        std::fputc('\n', stream_.get()) == EOF)
+        fail();
+}
+
+void TextOutputStream::Close() {
+    if (std::fflush(stream_.get()) != 0)
+        fail();
+    std::error_code error;
+    if (isReplacement())
+        fs::rename(written_, file_, error);
+    if (error)
+        throw FileError(file_, "written", error.value());
+    stream_.reset();
+}
+
+} // namespace skyvert
