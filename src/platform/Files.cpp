@@ -49,9 +49,7 @@ void appendUtf8(char32_t point, std::string& out) {
 /// The length in bytes of the well-formed UTF-8 character that `text` opens with (Unicode
 /// Standard, table 3-7), or 0 when there is none.
 std::size_t utf8Length(std::string_view text) {
-    const auto at = [&](std::size_t i) {
-        return static_cast<unsigned char>(text[i]);
-    };
+    const auto at = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const auto continues = [&](std::size_t i, unsigned low = 0x80, unsigned high = 0xBF) {
         return i < text.size() && at(i) >= low && at(i) <= high;
     };
