@@ -10,7 +10,10 @@ else()
     -Wall -Wextra -Wpedantic -Wconversion -Werror -ffp-contract=off)
 endif()
 if(SKYVERT_SANITIZE)
-  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # A cast of a number that does not fit is undefined too, but no part of `undefined`.
+  set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  target_compile_definitions(skyvert_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_compile_options(skyvert_options INTERFACE ${sanitizers})
   target_link_options(skyvert_options INTERFACE ${sanitizers})
 endif()
@@ -37,5 +40,6 @@ function(skyvert_test folder)
   target_link_libraries(${folder}_tests PRIVATE ${test_LIBRARIES} GTest::gtest_main GTest::gmock)
   target_compile_definitions(${folder}_tests PRIVATE
     SKYVERT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-  gtest_discover_tests(${folder}_tests DISCOVERY_TIMEOUT 60)
+  # Asked for its tests when they are run and not when it is built: there they have their environment.
+  gtest_discover_tests(${folder}_tests DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60)
 endfunction()

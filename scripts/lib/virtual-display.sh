@@ -1,0 +1,53 @@
+# shellcheck shell=bash
+# A display without a screen, with a window manager, and pictures of the windows on it.
+# Needs lib/common.sh and the package group `display`. The display ends with the script that
+# started it, however that one ends.
+
+virtual_display_folder=
+virtual_display_pids=()
+
+# start_display SIZE: starts a display of the given size, such as 1280x1024, under a free number,
+# sets DISPLAY to it, and returns when its window manager is ready.
+start_display() {
+    trap stop_display EXIT
+    trap 'exit 130' INT
+    trap 'exit 143' TERM HUP
+    virtual_display_folder=$(mktemp -d)
+    local number=$virtual_display_folder/number log=$virtual_display_folder/log
+
+    Xvfb -displayfd 3 -screen 0 "${1}x24" -nolisten tcp 3>"$number" >"$log" 2>&1 &
+    virtual_display_pids+=($!)
+    repeat_until 20 grep -q . "$number" || die "the virtual display did not start: $(<"$log")"
+    DISPLAY=:$(<"$number")
+    export DISPLAY
+
+    openbox --sm-disable >>"$log" 2>&1 &
+    virtual_display_pids+=($!)
+    # Only under a window manager is there a current desktop to tell.
+    repeat_until 20 xdotool get_desktop || die "the window manager did not start: $(<"$log")"
+}
+
+# find_window NAME: prints the id of the visible window whose title is exactly NAME.
+find_window() {
+    local ids
+    ids=$(xdotool search --onlyvisible --name "^$1\$") && head -n 1 <<<"$ids"
+}
+
+# take_window_picture NAME FILE: waits for the window of that title and saves its inside.
+take_window_picture() {
+    repeat_until 30 find_window "$1" || die "no window with the title \"$1\" appeared"
+    sleep 2 # what the program does in its first moments belongs into the picture
+    import -window "$(find_window "$1")" "$2"
+}
+
+# stop_display: ends the display and everything on it. Runs by itself at the end of the script.
+stop_display() {
+    local pid
+    for pid in "${virtual_display_pids[@]}"; do
+        kill "$pid" 2>/dev/null || true
+    done
+    wait "${virtual_display_pids[@]}" 2>/dev/null || true
+    virtual_display_pids=()
+    [[ -z $virtual_display_folder ]] || rm -rf "$virtual_display_folder"
+    virtual_display_folder=
+}
