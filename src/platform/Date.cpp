@@ -1,0 +1,111 @@
+#include "platform/Date.h"
+
+#include "platform/Number.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <stdexcept>
+
+namespace skyvert {
+
+namespace {
+
+namespace ch = std::chrono;
+
+// std::chrono's years end at 32767. The calendar repeats itself after 400 years, to the day, so
+// that years of any size are brought into the first cycle and back.
+constexpr std::int64_t kCycleYears = 400;
+constexpr std::int64_t kCycleDays = 146097;
+constexpr std::int64_t kMonths = 12;
+constexpr double kSecondsOfDay = 86400.0;
+
+struct Split {
+    std::int64_t quotient;
+    std::int64_t remainder; ///< 0 to divisor - 1
+};
+
+Split floorDivide(std::int64_t value, std::int64_t divisor) {
+    const std::int64_t remainder = value % divisor;
+    const bool below = remainder < 0;
+    return {value / divisor - (below ? 1 : 0), below ? remainder + divisor : remainder};
+}
+
+/// Days from 1970-01-01 to a calendar day.
+double dayNumber(std::int64_t year, std::int64_t month, std::int64_t day) {
+    const Split cycle = floorDivide(year, kCycleYears);
+    // Subtracting 1 from the month before the division would overflow for the lowest integer.
+    const Split months = floorDivide(month, kMonths);
+    const Split years = floorDivide(cycle.remainder + months.quotient, kCycleYears);
+    const ch::year_month first = ch::year(static_cast<int>(years.remainder)) / ch::January +
+                                 ch::months(months.remainder - 1);
+    return static_cast<double>(cycle.quotient + years.quotient) * kCycleDays +
+           static_cast<double>(ch::sys_days(first / 1).time_since_epoch().count()) +
+           static_cast<double>(day) - 1.0;
+}
+
+/// `value` in at least `width` digits, a minus put before them.
+void appendPadded(std::int64_t value, std::size_t width, std::string& out) {
+    const std::string digits = std::to_string(value);
+    const std::size_t sign = value < 0 ? 1 : 0;
+    out.append(digits, 0, sign);
+    out.append(width - std::min(width, digits.size() - sign), '0');
+    out.append(digits, sign);
+}
+
+/// The number that consists of digits only, otherwise 0, which is no year, month or day here.
+unsigned wholeNumber(std::string_view text) {
+    unsigned number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? number : 0;
+}
+
+} // namespace
+
+double Date::TotalSeconds() const {
+    return dayNumber(year, month, day) * kSecondsOfDay + static_cast<double>(hour) * 3600.0 +
+           static_cast<double>(minute) * 60.0 + static_cast<double>(second);
+}
+
+void Date::setTotalSeconds(double seconds) {
+    const ch::sys_days origin;
+    const Split days = floorDivide(truncated(std::floor(seconds)), 86400);
+    const Split cycle = floorDivide(days.quotient, kCycleDays);
+    const ch::year_month_day civil(origin + ch::days(cycle.remainder));
+    const ch::hh_mm_ss clock{ch::seconds(days.remainder)};
+    *this = Date(int{civil.year()} + cycle.quotient * kCycleYears, unsigned{civil.month()},
+                 unsigned{civil.day()}, clock.hours().count(), clock.minutes().count(),
+                 clock.seconds().count());
+}
+
+std::string Date::SQLDate() const {
+    std::string text;
+    appendPadded(year, 4, text);
+    text += '-';
+    appendPadded(month, 2, text);
+    text += '-';
+    appendPadded(day, 2, text);
+    return text;
+}
+
+void Date::setSQLDate(std::string_view text) {
+    const bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-';
+    const auto field = [&](std::size_t at, std::size_t length) {
+        return shaped ? wholeNumber(text.substr(at, length)) : 0;
+    };
+    const ch::year_month_day civil(ch::year(static_cast<int>(field(0, 4))), ch::month(field(5, 2)),
+                                   ch::day(field(8, 2)));
+    if (!civil.ok() || civil.year() < ch::year(1))
+        throw std::invalid_argument("\"" + std::string(text) + "\" is no date");
+    year = int{civil.year()};
+    month = unsigned{civil.month()};
+    day = unsigned{civil.day()};
+}
+
+std::int64_t Date::DayOfYear() const {
+    const std::int64_t cycleYear = floorDivide(year, kCycleYears).remainder;
+    return truncated(dayNumber(cycleYear, month, day) - dayNumber(cycleYear, 1, 1) + 1.0);
+}
+
+} // namespace skyvert

@@ -1,0 +1,66 @@
+#include "platform/Date.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+namespace skyvert {
+namespace {
+
+TEST(Date, CountsSecondsAndDaysOfTheYearByTheProlepticGregorianCalendar) {
+    const struct {
+        Date date;
+        double totalSeconds;
+        std::int64_t dayOfYear;
+    } cases[] = {{{1970, 1, 1}, 0.0, 1},
+                 {{2001, 9, 9, 1, 46, 40}, 1e9, 252},
+                 {{1969, 12, 31, 23, 59, 59}, -1.0, 365},
+                 {{2000, 12, 31}, 978220800.0, 366},
+                 {{1900, 12, 31}, -2177539200.0, 365},
+                 {{-4712, 3, 1}, -210858336000.0, 61},
+                 {{400000, 1, 1}, 12560613580800.0, 1}};
+
+    for (const auto& [date, totalSeconds, dayOfYear] : cases) {
+        SCOPED_TRACE(date.SQLDate());
+        EXPECT_EQ(date.TotalSeconds(), totalSeconds);
+        EXPECT_EQ(date.DayOfYear(), dayOfYear);
+        Date counted(1, 1, 1);
+        counted.setTotalSeconds(totalSeconds);
+        EXPECT_EQ(counted, date);
+    }
+    EXPECT_EQ(Date(2023, 13, 32).TotalSeconds(), Date(2024, 2, 1).TotalSeconds());
+}
+
+TEST(Date, SQLDateTakesRealDaysOnlyAndKeepsTheClockTime) {
+    Date date(-4712, 2, 31, 11, 22, 33);
+    EXPECT_EQ(date.SQLDate(), "-4712-02-31") << "fields stay as they are given";
+    for (const char* text :
+         {"", "2000-1-01", "2000-01-1 ", "2000/01/01", "0000-01-01", "1900-02-29", "2000-13-01",
+          "2000-00-10", "2000-04-31", "-200-01-01", "2000-+1-01", "2000-01-01T", "20 0-01-01"})
+        EXPECT_THROW(date.setSQLDate(text), std::invalid_argument) << text;
+    EXPECT_EQ(date, Date(-4712, 2, 31, 11, 22, 33));
+    for (const char* text : {"0001-01-01", "1582-10-10", "9999-12-31", "2000-02-29"}) {
+        date.setSQLDate(text);
+        EXPECT_EQ(date.SQLDate(), text);
+    }
+    EXPECT_EQ(date, Date(2000, 2, 29, 11, 22, 33));
+}
+
+TEST(Date, SurvivesTheFarthestFieldsAndCounts) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    for (const std::int64_t field : {Limits::min(), Limits::max()}) {
+        const Date date(field, field, field, field, field, field);
+        EXPECT_TRUE(std::isfinite(date.TotalSeconds()));
+        EXPECT_EQ(date.DayOfYear(), field) << "saturated";
+    }
+    for (const double seconds : {-1e300, 1e300, std::nan(""), -HUGE_VAL, HUGE_VAL}) {
+        Date date(2000, 1, 1);
+        date.setTotalSeconds(seconds);
+        EXPECT_TRUE(date.month >= 1 && date.month <= 12 && date.day >= 1 && date.day <= 31);
+    }
+}
+
+} // namespace
+} // namespace skyvert
