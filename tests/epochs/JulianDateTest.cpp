@@ -1,0 +1,67 @@
+#include "epochs/JulianDate.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace skyvert {
+namespace {
+
+TEST(JulianDate, FloorsNegativeValues) {
+    EXPECT_EQ(Frac(-0.25), 0.75);
+    EXPECT_EQ(Int(-0.25), -1);
+    EXPECT_EQ(Int(-3.0), -3);
+}
+
+TEST(JulianDate, OfCalendarDatesOnBothSidesOfTheReform) {
+    const struct {
+        std::int64_t year, month;
+        double day, julianDate;
+    } cases[] = {
+        {1900, 1, 1.0, 2415020.5},   {1950, 1, 1.0, 2433282.5},   {2000, 1, 1.0, 2451544.5},
+        {2050, 1, 1.0, 2469807.5},   {2000, 1, 1.5, 2451545.0},   {-4712, 1, 1.5, 0.0},
+        {837, 4, 10.3, 2026871.8},   {-1000, 2, 29.0, 1355866.5}, {1582, 10, 4.0, 2299159.5},
+        {1582, 10, 4.9, 2299160.4},  {1582, 10, 5.0, 2299150.5},  {1582, 10, 14.0, 2299159.5},
+        {1582, 10, 15.0, 2299160.5}, {1582, 9, 30.0, 2299155.5},  {1582, 11, 1.0, 2299177.5},
+        {2000, 13, 1.0, 2451910.5},  {2001, 2, 31.0, 2451971.5}};
+
+    for (const auto& [year, month, day, julianDate] : cases)
+        EXPECT_EQ(DateToJulian(year, month, day), julianDate);
+    EXPECT_EQ(DateToJulian(Date(2000, 1, 1, 18, 30, 0)), 2451544.5) << "the clock is not read";
+}
+
+TEST(JulianDate, BecomesADateRoundedToTheSecond) {
+    const struct {
+        double julianDate;
+        Date date;
+    } cases[] = {{2299160.5, {1582, 10, 15}},
+                 {2299159.5, {1582, 10, 4}},
+                 {2451545.0, {2000, 1, 1, 12, 0, 0}},
+                 {2436116.31, {1957, 10, 4, 19, 26, 24}},
+                 {0.0, {-4712, 1, 1, 12, 0, 0}},
+                 {1355866.5, {-1000, 2, 29}},     // a day of the Julian calendar only
+                 {2451544.4999999, {2000, 1, 1}}, // through all three carries
+                 {2451604.4999999, {2000, 3, 1}},
+                 {2451544.999999, {2000, 1, 1, 12, 0, 0}}};
+
+    for (const auto& [julianDate, date] : cases)
+        EXPECT_EQ(JulianToDate(julianDate), date) << julianDate;
+    for (double julianDate = -0.5; julianDate < 5373484.5; julianDate += 1.0)
+        ASSERT_EQ(DateToJulian(JulianToDate(julianDate)), julianDate);
+}
+
+TEST(JulianDate, SurvivesEveryNumber) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, -1e300, -1e17, 1e17}) {
+        JulianToDate(value).SQLDate();
+        DateToJulian(2000, 1, value);
+    }
+    for (const std::int64_t year : {Limits::min(), std::int64_t{1}, Limits::max()}) {
+        for (const std::int64_t month : {Limits::min(), Limits::max()})
+            EXPECT_TRUE(std::isfinite(DateToJulian(Date(year, month, month))));
+    }
+}
+
+} // namespace
+} // namespace skyvert

@@ -1,0 +1,123 @@
+#include "epochs/Precession.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <numbers>
+#include <string>
+
+namespace skyvert {
+namespace {
+
+constexpr double kB1950 = 2433282.5;
+constexpr double kJ2000 = 2451544.5;
+
+TEST(Precession, GivesTheKnownValuesToTheLastDigit) {
+    const struct {
+        double from, to;
+        Pair position, expected;
+        double raTolerance, decTolerance; // half a unit of the last digit given
+    } cases[] = {
+        {2451545.0, 2451545.0, {12.0, 45.0}, {12.0000000001, 44.9999999486}, 5e-11, 5e-11},
+        {kJ2000, kJ2000, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},
+        {2000.0, 2000.0, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},
+        {2000.0, 2451545.0, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},
+        {kB1950, kJ2000, {0.0, 0.0}, {0.04270044351, 0.2783927200}, 5e-12, 5e-11},
+        {1950.0, 2000.0, {0.0, 0.0}, {0.04270179166, 0.2784015073}, 5e-12, 5e-11},
+        {kB1950, kJ2000, {6.0, 89.5}, {7.978173785, 89.42636335}, 5e-10, 5e-9},
+        {kB1950, kJ2000, {6.0, -89.5}, {4.097122506, -89.42908221}, 5e-10, 5e-9},
+        {kB1950, kJ2000, {0.0, 90.0}, {12.02135192, 89.72160303}, 5e-9, 5e-9},
+        {kB1950, kJ2000, {0.0, -90.0}, {0.02135193849, -89.72160283}, 5e-12, 5e-9},
+        {kJ2000, kJ2000, {25.0, 0.0}, {1.0, 0.0}, 1e-8, 0.0},
+        {kJ2000, kJ2000, {-1.0, 0.0}, {23.0, 0.0}, 1e-8, 0.0},
+    };
+
+    for (const auto& [from, to, position, expected, raTolerance, decTolerance] : cases) {
+        SCOPED_TRACE(testing::Message() << from << ' ' << position.Left << ' ' << position.Right);
+        const Pair result = ConvertEpoch(from, to, position);
+        EXPECT_NEAR(result.Left, expected.Left, raTolerance);
+        EXPECT_NEAR(result.Right, expected.Right, decTolerance);
+    }
+}
+
+TEST(Precession, ReadsFourNumbersAsYears) {
+    const double cases[][2] = {
+        {2000.0, 2451545.0}, {2050.0, 2469807.5}, {1950.0, 2433282.4235}, {1900.0, 2415020.3135}};
+    for (const auto& [year, julianDate] : cases) {
+        EXPECT_EQ(ConvertEpoch(year, kJ2000, {5.0, 20.0}).Left,
+                  ConvertEpoch(julianDate, kJ2000, {5.0, 20.0}).Left);
+    }
+}
+
+TEST(Precession, TakesTheDistanceToThePoleBehind89DegreesOnly) {
+    // At the prime meridian the angles of equal epochs leave the sine and cosine as they are, so
+    // that the last digits tell which inverse was taken.
+    const auto declination = [](double dec) {
+        return ConvertEpoch(kJ2000, kJ2000, {0.0, dec}).Right;
+    };
+    EXPECT_EQ(declination(89.0), 57.2957795131 * std::asin(std::sin(89.0 * 0.0174532925)));
+    EXPECT_EQ(declination(-89.2), -57.2957795131 * std::acos(std::cos(89.2 * 0.0174532925)));
+}
+
+/// Milliseconds of arc between two positions along the great circle (haversines).
+double separation(const Pair& a, const Pair& b) {
+    constexpr double degree = std::numbers::pi / 180.0;
+    const auto haversine = [](double angle) { return std::pow(std::sin(angle / 2.0), 2.0); };
+    const double h = haversine((a.Right - b.Right) * degree) +
+                     std::cos(a.Right * degree) * std::cos(b.Right * degree) *
+                         haversine((a.Left - b.Left) * 15.0 * degree);
+    return 2.0 * std::asin(std::sqrt(h)) / degree * 3600.0 * 1000.0;
+}
+
+TEST(Precession, AgreesWithAnIndependentImplementation) {
+    std::ifstream table(SKYVERT_TEST_DATA "/erfa_prec76.tsv");
+    std::string header;
+    std::getline(table, header);
+    double from = 0.0;
+    double to = 0.0;
+    Pair in{};
+    Pair out{};
+    int rows = 0;
+    for (; table >> from >> to >> in.Left >> in.Right >> out.Left >> out.Right; ++rows)
+        EXPECT_LT(separation(ConvertEpoch(from, to, in), out), 0.5) << in.Left << ' ' << in.Right;
+    EXPECT_EQ(rows, 40);
+}
+
+TEST(Precession, KeptForAListGivesTheSameBitsAndSurvivesEveryNumber) {
+    const double nan = std::nan("");
+    const double values[] = {0.0,  -0.0,   6.5,   23.999, -89.5,    90.0,     91.0,
+                             1e17, -1e300, 1e300, nan,    HUGE_VAL, -HUGE_VAL};
+    for (const double epoch : {1900.0, 1721425.5, 5373484.5, 1e9, -1e17, 1e300, nan, HUGE_VAL}) {
+        const Precession kept(epoch, kJ2000);
+        for (const double ra : values) {
+            for (const double dec : values) {
+                const Pair once = ConvertEpoch(epoch, kJ2000, {ra, dec});
+                const Pair listed = kept.convert({ra, dec});
+                EXPECT_EQ(std::memcmp(&once, &listed, sizeof once), 0);
+                EXPECT_FALSE(once.Left < 0.0 || once.Left > 24.0000001);
+            }
+        }
+    }
+}
+
+TEST(Normalise, TurnsIntoTheClosedRange) {
+    constexpr double turn = 6.2831853072;
+
+    const struct {
+        double value, low, high, expected;
+    } cases[] = {{turn, 0.0, turn, turn}, {0.0, 0.0, turn, 0.0},    {-1.0, 0.0, 2.0, 1.0},
+                 {5.0, 0.0, 2.0, 1.0},    {9.0, -3.0, -1.0, -1.0},  {-7.0, 0.0, turn, 5.5663706144},
+                 {1e15, 0.0, 2.0, 0.0},   {-1e15 + 1, 0, 2.0, 1.0}, {1e300, 0.0, 2.0, 0.0}};
+
+    for (const auto& [value, low, high, expected] : cases)
+        EXPECT_DOUBLE_EQ(Normalise(value, low, high), expected) << value;
+    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL})
+        EXPECT_TRUE(std::isnan(Normalise(value, 0.0, 2.0)));
+    constexpr double far = -9007199254740992.0;
+    EXPECT_TRUE(std::isfinite(Normalise(far - 4.0, far, far + 1.0))) << "a span lost in rounding";
+}
+
+} // namespace
+} // namespace skyvert
