@@ -1,0 +1,72 @@
+#include "platform/Text.h"
+
+#include <gtest/gtest.h>
+
+// clang-format off: tables stand several cases to a line
+namespace skyvert {
+namespace {
+
+using Fields = std::vector<std::string_view>;
+
+TEST(Text, SplitGivesOneFieldMoreThanDelimitersButNoneForAnEmptyText) {
+    Fields fields{"from", "before"};
+    Split("", '\t', fields);
+    EXPECT_EQ(fields, Fields{});
+    Split("a\tb", '\t', fields);
+    EXPECT_EQ(fields, (Fields{"a", "b"}));
+    EXPECT_EQ(Split("one", ':'), Fields{"one"});
+    EXPECT_EQ(Split(":a::", ':'), (Fields{"", "a", "", ""}));
+}
+
+TEST(Text, JoinPutsTheSeparatorBetweenFieldsOnly) {
+    EXPECT_EQ(Join({}, ","), "");
+    EXPECT_EQ(Join(std::vector<std::string>{"", "b", ""}, ", "), ", b, ");
+}
+
+TEST(Text, ReplacementIgnoresCaseAndNeverLooksAtWhatItPutIn) {
+    struct Case { std::string_view text, wanted, by, first, all; };
+    const Case cases[] = {
+        {"12H34h", "h", ":", "12:34h", "12:34:"}, {"a    b", "  ", " ", "a   b", "a  b"},
+        {"a   b", "  ", " ", "a  b", "a  b"}, {"aaa", "A", "aa", "aaaa", "aaaaaa"},
+        {"1°2°", "°", "", "12°", "12"}, {"É", "é", "e", "É", "É"}, {"abc", "", "x", "abc", "abc"},
+        {"", "a", "x", "", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(Replace(c.text, c.wanted, c.by), c.first);
+        EXPECT_EQ(ReplaceAll(c.text, c.wanted, c.by), c.all);
+    }
+}
+
+TEST(Text, PositionsCountCharactersFromOne) {
+    EXPECT_EQ(Left("°'x", 2), "°'");
+    EXPECT_EQ(Left("ab", 9), "ab");
+    EXPECT_EQ(Mid("1°2'3", 3), "2'3");
+    EXPECT_EQ(Mid("1°2'3", 2, 2), "°2");
+    EXPECT_EQ(Mid("abc", 0, 2), "ab");
+    EXPECT_EQ(Mid("abc", 4), "");
+    EXPECT_EQ(Len("12°34'"), 6U);
+    EXPECT_EQ(InStr("12°34'", "'"), 6U);
+    EXPECT_EQ(InStr("12h", "H"), 3U);
+    EXPECT_EQ(InStr("12h", "m"), 0U);
+}
+
+TEST(Text, BytesThatAreNoUtf8AreHarmless) {
+    EXPECT_EQ(Len("\xFF\xC2z"), 3U);
+    EXPECT_EQ(Len("\x80\x80z"), 2U);
+    EXPECT_EQ(Left("\x80\x80z", 1), "\x80\x80");
+    EXPECT_EQ(Mid("z\xC2", 2), "\xC2");
+}
+
+TEST(Text, TrimAndComparisonKnowAsciiOnly) {
+    EXPECT_EQ(Trim(" \t\r\n\v\f a b \n"), "a b");
+    EXPECT_EQ(Trim(" \t"), "");
+    EXPECT_TRUE(equalsIgnoringCase("HHhMMm", "hhHmmM"));
+    EXPECT_FALSE(equalsIgnoringCase("i", "İ"));
+    EXPECT_FALSE(equalsIgnoringCase("É", "é"));
+    EXPECT_FALSE(equalsIgnoringCase("[", "{"));
+    EXPECT_FALSE(equalsIgnoringCase("a", "ab"));
+}
+
+} // namespace
+} // namespace skyvert
