@@ -6,7 +6,9 @@
 #include <cmath>
 #include <limits>
 
-// clang-format off: tables stand several cases to a line
+// Tables stand several cases to a line.
+// clang-format off
+
 namespace skyvert {
 namespace {
 

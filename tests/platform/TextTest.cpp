@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-// clang-format off: tables stand several cases to a line
+// Tables stand several cases to a line.
+// clang-format off
+
 namespace skyvert {
 namespace {
 

@@ -1,0 +1,26 @@
+#include "notation/Notation.h"
+#include "notation/RADecFormat.h"
+#include "platform/Text.h"
+
+namespace skyvert {
+
+namespace {
+
+/// The notation's mask. Numbers that are not localised take a literal point in any locale.
+std::string maskOf(const Notation* notation, bool localised) {
+    if (notation == nullptr)
+        return {};
+    return localised ? std::string(notation->mask) : Replace(notation->mask, ".", "\\.");
+}
+
+} // namespace
+
+std::string RADecFormat::RAMask() const {
+    return maskOf(raNotation_, localised_);
+}
+
+std::string RADecFormat::DecMask() const {
+    return maskOf(decNotation_, localised_);
+}
+
+} // namespace skyvert

@@ -1,0 +1,66 @@
+#include "notation/FieldCutting.h"
+#include "notation/Messages.h"
+#include "notation/Notation.h"
+#include "notation/RADecFormat.h"
+#include "platform/Text.h"
+
+namespace skyvert {
+
+namespace {
+
+/// The message of the first field that is out of range; empty when all are in theirs. `first` is
+/// in hours, minutes and seconds are as typed.
+std::string_view checkFields(const Fields& fields, bool inDegrees) {
+    if (0.0 > fields.first || fields.first >= 24.0)
+        return inDegrees ? "Degrees must be non-negative and less than 360"
+                         : "Hours must be non-negative and less than 24";
+    if (0.0 > fields.minutes || fields.minutes >= 60.0)
+        return kBadMinutes;
+    if (0.0 > fields.seconds || fields.seconds >= 60.0)
+        return kBadSeconds;
+    return {};
+}
+
+} // namespace
+
+void RADecFormat::appendRA(double hours, std::string& out) const {
+    if (raNotation_ == nullptr)
+        out += kUnknownFormat;
+    else
+        appendFields(*raNotation_, {}, raNotation_->inDegrees ? hours * 15.0 : hours, RADecimals_,
+                     out);
+}
+
+std::string RADecFormat::ExportRA(double hours) const {
+    std::string text;
+    appendRA(hours, text);
+    return text;
+}
+
+double RADecFormat::ImportRA(std::string_view text, std::string_view& error) const {
+    error = {};
+    if (Trim(text).empty()) {
+        error = kNoData;
+        return 0.0;
+    }
+    if (raNotation_ == nullptr) {
+        error = kBadFormat;
+        return kValueOfBadFormat;
+    }
+    const bool inDegrees = raNotation_->inDegrees;
+    Fields fields = cutFields(text, *raNotation_, *this);
+    if (inDegrees)
+        fields.first /= 15.0;
+    error = checkFields(fields, inDegrees);
+    if (inDegrees) {
+        fields.minutes /= 15.0;
+        fields.seconds /= 15.0;
+    }
+    const double hours = (fields.minutes / 60.0 + fields.first) + fields.seconds / 3600.0;
+    // Fields just below their limits may sum to 24 in doubles.
+    if (error.empty() && (0.0 > hours || hours >= 24.0))
+        error = "Value must be non-negative and less than 24";
+    return hours;
+}
+
+} // namespace skyvert
