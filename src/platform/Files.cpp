@@ -246,10 +246,10 @@ std::size_t TextInputStream::findLineEnd() {
 }
 
 std::string_view TextInputStream::ReadLine() {
-    std::size_t end = findLineEnd();
     // A CR that ends the buffer may be half of a CRLF.
-    while (end + 1 >= buffer_.size() && fill())
-        end = findLineEnd();
+    while (findLineEnd() + 1 >= buffer_.size() && fill()) {
+    }
+    const std::size_t end = findLineEnd();
     const std::string_view line = std::string_view(buffer_).substr(begin_, end - begin_);
     const bool pair = end + 1 < buffer_.size() && buffer_[end] == '\r' && buffer_[end + 1] == '\n';
     begin_ = std::min(end + (pair ? 2 : 1), buffer_.size());

@@ -33,9 +33,9 @@ std::size_t findIgnoringCase(std::string_view text, std::string_view wanted, std
                                : static_cast<std::size_t>(found - text.begin());
 }
 
-std::string replaced(std::string_view text, std::string_view wanted, std::string_view by,
-                     bool everyOccurrence) {
-    std::string out;
+void replace(std::string_view text, std::string_view wanted, std::string_view by,
+             bool everyOccurrence, std::string& out) {
+    out.clear();
     out.reserve(text.size());
     std::size_t taken = 0;
     std::size_t found = findIgnoringCase(text, wanted, 0);
@@ -44,7 +44,7 @@ std::string replaced(std::string_view text, std::string_view wanted, std::string
         taken = found + wanted.size();
         found = everyOccurrence ? findIgnoringCase(text, wanted, taken) : std::string_view::npos;
     }
-    return out.append(text, taken);
+    out.append(text, taken);
 }
 
 } // namespace
@@ -91,11 +91,20 @@ std::string Join(std::span<const std::string> fields, std::string_view separator
 }
 
 std::string Replace(std::string_view text, std::string_view wanted, std::string_view by) {
-    return replaced(text, wanted, by, false);
+    std::string out;
+    replace(text, wanted, by, false, out);
+    return out;
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view by) {
-    return replaced(text, wanted, by, true);
+    std::string out;
+    replace(text, wanted, by, true, out);
+    return out;
+}
+
+void ReplaceAll(std::string_view text, std::string_view wanted, std::string_view by,
+                std::string& out) {
+    replace(text, wanted, by, true, out);
 }
 
 std::size_t InStr(std::string_view text, std::string_view wanted) {
