@@ -1,5 +1,7 @@
 #include "platform/Files.h"
 
+#include "platform/Unicode.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -17,7 +19,6 @@ constexpr std::size_t kReadSize = std::size_t{256} * 1024;
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
-constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 FileStream openStream(const fs::path& file, const char* mode) {
 #ifdef _WIN32
@@ -31,53 +32,6 @@ FileStream openStream(const fs::path& file, const char* mode) {
 bool isAscii(std::string_view text) {
     return std::none_of(text.begin(), text.end(),
                         [](char byte) { return (static_cast<unsigned char>(byte) & 0x80U) != 0; });
-}
-
-void appendUtf8(char32_t point, std::string& out) {
-    if (point < 0x80) {
-        out += static_cast<char>(point);
-        return;
-    }
-    const int continuationBytes = point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
-    const std::array<unsigned, 4> leads{0, 0xC0, 0xE0, 0xF0};
-    const auto lead = leads.at(static_cast<std::size_t>(continuationBytes));
-    out += static_cast<char>(lead | (point >> (6 * continuationBytes)));
-    for (int i = continuationBytes - 1; i >= 0; --i)
-        out += static_cast<char>(0x80U | ((point >> (6 * i)) & 0x3FU));
-}
-
-/// The length in bytes of the well-formed UTF-8 character that `text` opens with (Unicode
-/// Standard, table 3-7), or 0 when there is none.
-std::size_t utf8Length(std::string_view text) {
-    const auto at = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const auto continues = [&](std::size_t i, unsigned low = 0x80, unsigned high = 0xBF) {
-        return i < text.size() && at(i) >= low && at(i) <= high;
-    };
-    const unsigned lead = at(0);
-    if (lead < 0x80)
-        return 1;
-    if (lead >= 0xC2 && lead <= 0xDF)
-        return continues(1) ? 2 : 0;
-    if (lead >= 0xE0 && lead <= 0xEF) {
-        const unsigned low = lead == 0xE0 ? 0xA0 : 0x80;
-        const unsigned high = lead == 0xED ? 0x9F : 0xBF;
-        return continues(1, low, high) && continues(2) ? 3 : 0;
-    }
-    if (lead >= 0xF0 && lead <= 0xF4) {
-        const unsigned low = lead == 0xF0 ? 0x90 : 0x80;
-        const unsigned high = lead == 0xF4 ? 0x8F : 0xBF;
-        return continues(1, low, high) && continues(2) && continues(3) ? 4 : 0;
-    }
-    return 0;
-}
-
-char32_t fromWindows1252(unsigned char byte) {
-    // The five bytes that Windows-1252 leaves undefined stand for the C1 controls of that number.
-    static constexpr std::array<char16_t, 32> high{
-        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-    return byte >= 0x80 && byte < 0xA0 ? high.at(byte - 0x80U) : byte;
 }
 
 /// The permissions of a file that is about to be replaced belong to its successor.
@@ -199,29 +153,13 @@ void TextInputStream::compact() {
 
 void TextInputStream::appendUtf16(std::string_view bytes) {
     pendingUtf16_ += bytes;
-    const std::size_t high = encoding_ == Encoding::Utf16Big ? 0 : 1;
-    const auto unit = [&](std::size_t at) {
-        const auto byte = [&](std::size_t i) {
-            return static_cast<unsigned char>(pendingUtf16_[at + i]);
-        };
-        return static_cast<char32_t>((byte(high) << 8U) | byte(1 - high));
-    };
-    std::size_t at = 0;
-    while (at + 2 <= pendingUtf16_.size()) {
-        char32_t point = unit(at);
-        const bool leads = point >= 0xD800 && point < 0xDC00;
-        if (leads && at + 4 > pendingUtf16_.size() && !sourceEnded_)
-            break;
-        at += 2;
-        if (leads && at + 2 <= pendingUtf16_.size() && (unit(at) & 0xFC00U) == 0xDC00) {
-            point = 0x10000 + ((point - 0xD800) << 10U) + (unit(at) - 0xDC00);
-            at += 2;
-        } else if (point >= 0xD800 && point < 0xE000) {
-            point = kReplacementCharacter;
-        }
-        appendUtf8(point, buffer_);
+    std::string_view rest = pendingUtf16_;
+    const auto next = [&] { return decodeUtf16(rest, encoding_ == Encoding::Utf16Big); };
+    for (Utf16Character found = next(); found.length > 0; found = next()) {
+        appendUtf8(isSurrogate(found.point) ? kReplacementCharacter : found.point, buffer_);
+        rest.remove_prefix(found.length);
     }
-    pendingUtf16_.erase(0, at);
+    pendingUtf16_.erase(0, pendingUtf16_.size() - rest.size());
     if (sourceEnded_ && !pendingUtf16_.empty())
         appendUtf8(kReplacementCharacter, buffer_);
 }
