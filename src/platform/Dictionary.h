@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/Variant.h"
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string_view>
+#include <vector>
+
+namespace skyvert {
+
+/// Values by key. Entries are numbered from 0 in the order in which their keys came; a new value
+/// under an old key keeps the old number. Keys are equal as `VariantCompare` says, so strings
+/// respect case. Looking up takes the same short time at any size and makes no copy of a string.
+class Dictionary final : public Object {
+public:
+    std::size_t Count() const { return entries_.size(); }
+
+    /// Key and value of an entry, 0 to `Count()` - 1. Throw `std::out_of_range` for another.
+    const Variant& Key(std::size_t index) const { return entries_.at(index).key; }
+
+    const Variant& ValueAt(std::size_t index) const { return entries_.at(index).value; }
+
+    /// The value under a key, or null when there is none. It stays in its place in memory.
+    const Variant* find(const Variant& key) const;
+
+    template <std::convertible_to<std::string_view> Text>
+    const Variant* find(const Text& key) const {
+        return findText(key);
+    }
+
+    bool HasKey(const auto& key) const { return find(key) != nullptr; }
+
+    /// Puts a value under a key, in place of an older one.
+    void setValue(Variant key, Variant value);
+
+private:
+    struct Entry {
+        Variant key;
+        Variant value;
+    };
+
+    /// A place of the hash table. The hash beside the number spares most looks at the entry.
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t number = 0; ///< that of the entry plus 1; 0 when the place is free
+    };
+
+    const Variant* findText(std::string_view key) const;
+    template <typename Equals>
+    std::size_t locate(std::uint32_t hash, Equals equals) const;
+    void grow();
+
+    std::deque<Entry> entries_;
+    std::vector<Slot> slots_ = std::vector<Slot>(8); ///< a power of two, never quite full
+};
+
+} // namespace skyvert

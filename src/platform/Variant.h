@@ -1,0 +1,147 @@
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+namespace skyvert {
+
+/// What a `Variant` holds by reference; an object is equal to itself only.
+class Object {
+public:
+    Object() = default;
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+    virtual ~Object() = default;
+};
+
+/// A colour as 0xAARRGGBB.
+struct Color {
+    std::uint32_t value = 0;
+
+    bool operator==(const Color&) const = default;
+};
+
+/// A calendar date with its time of day, as a value to be stored.
+struct DateValue {
+    std::int16_t year = 0;
+    std::uint8_t month = 0;
+    std::uint8_t day = 0;
+    std::uint8_t hour = 0;
+    std::uint8_t minute = 0;
+    std::uint8_t second = 0;
+
+    bool operator==(const DateValue&) const = default;
+
+    /// For instance "2000-01-01 12:00:00".
+    std::string SQLDateTime() const;
+};
+
+/// The kinds of value, under their established numbers.
+enum class VarType {
+    Nil = 0,
+    Integer = 2,
+    Long = 3,
+    Single = 4,
+    Double = 5,
+    Date = 7,
+    String = 8,
+    Object = 9,
+    Boolean = 11,
+    Color = 16
+};
+
+/// A value of any kind, converted when it is read as another.
+class Variant {
+public:
+    Variant() = default; ///< Nil
+
+    Variant(std::int32_t value) : held_(value) {}
+
+    Variant(std::int64_t value) : held_(value) {}
+
+    Variant(float value) : held_(value) {}
+
+    Variant(double value) : held_(value) {}
+
+    Variant(bool value) : held_(value) {}
+
+    Variant(Color value) : held_(value) {}
+
+    Variant(DateValue value) : held_(value) {}
+
+    Variant(std::string value) : held_(std::move(value)) {}
+
+    Variant(std::string_view value) : held_(std::string(value)) {}
+
+    Variant(const char* value) : held_(std::string(value)) {}
+
+    /// A null pointer gives Nil.
+    template <std::derived_from<skyvert::Object> Kind>
+    Variant(std::shared_ptr<Kind> object) {
+        if (object)
+            held_ = std::shared_ptr<Object>(std::move(object));
+    }
+
+    VarType type() const;
+
+    bool isNil() const { return std::holds_alternative<std::monostate>(held_); }
+
+    /// Integers in digits; a double that is whole without a point, others in the shortest form
+    /// that reads back; "true" and "false"; a date as its SQL text; a colour as "&h" and eight
+    /// hexadecimal digits; the empty text for Nil and objects.
+    std::string stringValue() const;
+
+    /// Numbers, Booleans as 1 and 0, the leading number of a string; 0 for all else.
+    double doubleValue() const;
+
+    /// As `doubleValue`, truncated towards zero and limited to what 64 bits hold; integers exactly.
+    std::int64_t integerValue() const;
+
+    /// Numbers other than 0, and the texts "true", in any case, and "1".
+    bool booleanValue() const;
+
+    /// The string held, or null for another kind.
+    const std::string* string() const { return std::get_if<std::string>(&held_); }
+
+    /// The colour held, or black for another kind.
+    Color color() const;
+
+    /// The object held, or null when there is none or it is of another class.
+    template <std::derived_from<skyvert::Object> Kind>
+    Kind* object() const {
+        const auto* held = std::get_if<std::shared_ptr<Object>>(&held_);
+        return held == nullptr ? nullptr : dynamic_cast<Kind*>(held->get());
+    }
+
+    /// Equal for equal values: see `VariantCompare`.
+    std::size_t hash() const;
+
+    friend bool VariantCompare(const Variant& left, const Variant& right);
+
+private:
+    std::variant<std::monostate, std::int32_t, std::int64_t, float, double, DateValue, std::string,
+                 std::shared_ptr<Object>, bool, Color>
+        held_;
+};
+
+/// True when two values are equal: strings when they are identical, numbers of whatever width
+/// by their value, objects when they are the same object. Values of different kinds differ.
+bool VariantCompare(const Variant& left, const Variant& right);
+
+/// The hash of a string key, the same as that of a `Variant` that holds it.
+std::size_t variantHash(std::string_view text);
+
+/// The date that a text such as `DateValue::SQLDateTime` gives begins with; the time may be
+/// missing. Nil when the text is no date.
+Variant dateFromText(std::string_view text);
+
+/// The colour of a text of "&h" and hexadecimal digits; black when it is none.
+Color colorFromText(std::string_view text);
+
+} // namespace skyvert
