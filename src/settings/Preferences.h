@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Dictionary.h"
+#include "platform/Variant.h"
+
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+namespace skyvert {
+
+/// The settings: named values that are read from a file when the object is made, changed in memory
+/// and written back once, by `Close`, if any of them differs. Nothing that goes wrong with the file
+/// is reported: settings that cannot be read are defaults, and settings that cannot be written
+/// are lost.
+class Preferences {
+public:
+    /// Makes the folder `folder` in the application data folder, if need be, and loads the file
+    /// `file` in it, if there is one. A file that is damaged or too new counts as absent.
+    Preferences(const std::filesystem::path& applicationData, const std::filesystem::path& folder,
+                const std::filesystem::path& file);
+    Preferences(const Preferences&) = delete;
+    Preferences& operator=(const Preferences&) = delete;
+    virtual ~Preferences() = default;
+
+    /// The value stored under a key, of whatever kind it is; `byDefault` when there is none.
+    virtual Variant Value(std::string_view key, const Variant& byDefault) const;
+
+    /// Stores a value. One that equals the stored value changes nothing.
+    virtual void setValue(std::string_view key, const Variant& value);
+
+    /// Writes the file if there is something to write. To be called once, at the end.
+    virtual void Close();
+
+    /// True once a value differs from what was loaded.
+    bool changed() const { return changed_; }
+
+private:
+    std::shared_ptr<Dictionary> prefs_;
+    std::filesystem::path fprefs_;
+    bool changed_ = false;
+};
+
+} // namespace skyvert
