@@ -136,7 +136,7 @@ bool TextInputStream::fill() {
         std::string bytes(kReadSize, '\0');
         bytes.resize(readBytes(bytes.data(), bytes.size()));
         appendUtf16(bytes);
-        return !sourceEnded_;
+        return !sourceEnded_ || !pendingUtf16_.empty(); // half a character has become one, too
     }
     const std::size_t size = buffer_.size();
     buffer_.resize(size + std::max(kReadSize, size));

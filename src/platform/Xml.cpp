@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <set>
+#include <utility>
 
 namespace skyvert {
 
