@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Color.h"
+
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -18,13 +20,6 @@ public:
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
     virtual ~Object() = default;
-};
-
-/// A colour as 0xAARRGGBB.
-struct Color {
-    std::uint32_t value = 0;
-
-    bool operator==(const Color&) const = default;
 };
 
 /// A calendar date with its time of day, as a value to be stored.

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/Desktop.h"
+#include "settings/Preferences.h"
+#include "shell/MainMenuBar.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+namespace skyvert {
+
+/// Name and version of the program, as the system shows them.
+struct VersionData {
+    int MajorVersion = 2;
+    int MinorVersion = 0;
+    int BugVersion = 0;
+    int StageCode = 1;
+    int NonReleaseVersion = 3;
+    std::string_view Version = "2.0";
+};
+
+/// The application object: owns the menu bar, and the settings from its open event to its close
+/// event. The open event comes before the window exists, the close event after it has closed.
+class App {
+public:
+    /// `desktop` is the machine that the program runs on; it must outlive the application.
+    /// `applicationData` is the folder that holds the user's settings of all programs.
+    App(const Desktop& desktop, std::filesystem::path applicationData);
+
+    /// Loads the settings.
+    void Event_Open();
+
+    /// Writes the settings if they have changed.
+    void Event_Close();
+
+    /// Whether the application handles an event of this name: "Open" and "Close" only.
+    static bool IsEventImplemented(std::string_view event);
+
+    /// The settings store. Throws `std::bad_optional_access` before the open event and after the
+    /// close event.
+    Preferences& prefs() { return prefs_.value(); }
+
+    const Desktop& desktop() const { return desktop_; }
+
+    const VersionData& version() const { return version_; }
+
+    const MainMenuBar& menuBar() const { return menuBar_; }
+
+    /// Ends the event loop with an exit code, once the present handler has run to its end.
+    void Quit(int code) const;
+
+    /// What ends the event loop.
+    std::function<void(int code)> onQuit;
+
+private:
+    const Desktop& desktop_;
+    std::filesystem::path applicationData_;
+    std::optional<Preferences> prefs_;
+    VersionData version_;
+    MainMenuBar menuBar_;
+};
+
+} // namespace skyvert

@@ -1,0 +1,85 @@
+#include "shell/EpochSelector.h"
+
+#include <array>
+
+namespace skyvert {
+
+namespace {
+
+constexpr unsigned kAll = kLockLeft | kLockTop | kLockRight | kLockBottom;
+constexpr unsigned kCorner = kLockLeft | kLockTop;
+
+// clang-format off
+constexpr std::array<ControlLayout, 5> kLayout{{
+    {"gbox",       "",      0,  0, 226, 102, kAll,    0, "Untitled"},
+    {"epochLabel", "gbox", 20, 36,  42,  20, kCorner, 0, "Epoch:"},
+    {"epochPopup", "gbox", 74, 38, 134,  20, kCorner, 1, ""},
+    {"dateLabel",  "gbox", 20, 68,  42,  20, kCorner, 2, "Date:"},
+    {"epochDate",  "gbox", 74, 67, 134,  23, kCorner, 3, ""},
+}};
+// clang-format on
+
+} // namespace
+
+EpochSelector::EpochSelector(const ControlLayout& layout, const Clock& clock, const Locale& locale)
+    : ContainerControl(layout), gbox(layoutOf(kLayout, "gbox")),
+      epochLabel(layoutOf(kLayout, "epochLabel")), epochPopup(layoutOf(kLayout, "epochPopup")),
+      dateLabel(layoutOf(kLayout, "dateLabel")), epochDate(layoutOf(kLayout, "epochDate")),
+      value_(*this, clock, locale) {
+    setChildren({&gbox, &epochLabel, &epochPopup, &dateLabel, &epochDate});
+    setTitle(layout.text);
+    for (const std::string& row : epochRows())
+        epochPopup.AddRow(row);
+    epochPopup.setListIndex(0);
+    dateLabel.setVisible(false);
+    epochDate.setVisible(false);
+    epochPopup.Change = [this](PopupMenu&) { value_.epochPopup_Change(); };
+    epochDate.Open = [this] { epochDate_Open(); };
+    epochDate.ValueChanged = [this](DateControl&) { value_.epochDate_ValueChanged(); };
+    value_.ValueChanged = [this](const Date& date) {
+        if (ValueChanged)
+            ValueChanged(*this, date);
+    };
+}
+
+void EpochSelector::epochDate_Open() {
+    epochDate.setDateValue(Date(2000, 1, 1));
+}
+
+int EpochSelector::epochPopupListIndex() const {
+    return static_cast<int>(epochPopup.listIndex());
+}
+
+void EpochSelector::setEpochPopupListIndex(int row) {
+    epochPopup.setListIndex(row);
+}
+
+std::string EpochSelector::epochPopupValue() const {
+    return std::string(epochPopup.value());
+}
+
+void EpochSelector::setEpochPopupValue(std::string_view text) {
+    epochPopup.setValue(text);
+}
+
+Date EpochSelector::epochDateDateValue() const {
+    return epochDate.dateValue();
+}
+
+void EpochSelector::setEpochDateDateValue(const Date& date) {
+    epochDate.setDateValue(date);
+}
+
+void EpochSelector::setEpochDateVisible(bool visible) {
+    epochDate.setVisible(visible);
+}
+
+void EpochSelector::setDateLabelVisible(bool visible) {
+    dateLabel.setVisible(visible);
+}
+
+void EpochSelector::setEpochPopupHelpTag(const std::string& text) {
+    epochPopup.setHelpTag(text);
+}
+
+} // namespace skyvert

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "epochs/EpochValue.h"
+#include "shell/Popup.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace skyvert {
+
+/// The composite control that picks one epoch: a popup of presets and, under its row "Other", a
+/// date. What a choice means is the business of `EpochValue`; this class gives it its controls.
+class EpochSelector : public ContainerControl, private EpochView {
+public:
+    EpochSelector(const ControlLayout& layout, const Clock& clock, const Locale& locale);
+
+    /// The caption of the frame.
+    const std::string& title() const { return gbox.caption(); }
+
+    void setTitle(std::string_view title) { gbox.setCaption(title); }
+
+    /// The current epoch; none until one is assigned or restored.
+    const std::optional<Date>& epoch() const { return value_.epoch(); }
+
+    void setEpoch(const Date& date) { value_.setEpoch(date); }
+
+    double epochYear() const { return value_.epochYear(); }
+
+    void setEpochYear(double year) { value_.setEpochYear(year); }
+
+    double epochJulian() const { return value_.epochJulian(); }
+
+    void setEpochJulian(double julianDate) { value_.setEpochJulian(julianDate); }
+
+    std::string serialised() const { return value_.serialised(); }
+
+    /// Throws `std::invalid_argument` for a text that is no stored epoch.
+    void setSerialised(std::string_view text) { value_.setSerialised(text); }
+
+    /// Refreshes the tooltip of the popup.
+    void SetHelpTag() { value_.SetHelpTag(); }
+
+    /// Runs when the epoch has changed by a choice of the user.
+    std::function<void(EpochSelector&, const Date&)> ValueChanged;
+
+    GroupBox gbox;
+    Label epochLabel;
+    Popup epochPopup;
+    Label dateLabel;
+    DateControl epochDate;
+
+private:
+    void epochDate_Open();
+
+    int epochPopupListIndex() const override;
+    void setEpochPopupListIndex(int row) override;
+    std::string epochPopupValue() const override;
+    void setEpochPopupValue(std::string_view text) override;
+    Date epochDateDateValue() const override;
+    void setEpochDateDateValue(const Date& date) override;
+    void setEpochDateVisible(bool visible) override;
+    void setDateLabelVisible(bool visible) override;
+    void setEpochPopupHelpTag(const std::string& text) override;
+
+    EpochValue value_;
+};
+
+} // namespace skyvert
