@@ -1,0 +1,174 @@
+#include "workspace/DelimitedText.h"
+
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace skyvert {
+
+namespace {
+
+constexpr char kTab = '\t';
+constexpr char kSpace = ' ';
+constexpr char kComma = ',';
+constexpr char kQuote = '"';
+
+struct DialectRow {
+    std::string_view name;
+    Dialect dialect;
+};
+
+constexpr std::array<DialectRow, 3> kDialects{{
+    {"Tab-separated", Dialect::Tab},
+    {"Comma-separated", Dialect::Comma},
+    {"Space-separated", Dialect::Space},
+}};
+
+constexpr auto kDialectNames = [] {
+    std::array<std::string_view, kDialects.size()> names{};
+    std::transform(kDialects.begin(), kDialects.end(), names.begin(),
+                   [](const DialectRow& row) { return row.name; });
+    return names;
+}();
+
+/// Appends a field with every double quote doubled.
+void appendDoubled(std::string_view field, std::string& line) {
+    for (const char byte : field) {
+        if (byte == kQuote)
+            line += kQuote;
+        line += byte;
+    }
+}
+
+void appendCommaField(std::string_view field, bool quoteAll, std::string& line) {
+    const bool quoted = quoteAll || field.find_first_of(",\"") != std::string_view::npos;
+    if (quoted)
+        line += kQuote;
+    appendDoubled(field, line);
+    if (quoted)
+        line += kQuote;
+}
+
+void appendCommaSeparated(std::span<const std::string_view> fields, bool quoteAll,
+                          std::string& line) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i > 0)
+            line += kComma;
+        appendCommaField(fields[i], quoteAll, line);
+    }
+}
+
+void appendJoined(std::span<const std::string_view> fields, char separator, std::string& line) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i > 0)
+            line += separator;
+        line += fields[i];
+    }
+}
+
+} // namespace
+
+Dialect dialectNamed(std::string_view name) {
+    for (const DialectRow& row : kDialects) {
+        if (equalsIgnoringCase(row.name, name))
+            return row.dialect;
+    }
+    return Dialect::None;
+}
+
+std::span<const std::string_view> dialectNames() {
+    return kDialectNames;
+}
+
+std::span<const std::string> CommaSeparatedScanner::scan(std::string_view line) {
+    // Deliberately blind to letter case: a line that differs from the last one in nothing else
+    // yields the last one's fields.
+    if (!equalsIgnoringCase(line, nCommaLast_)) {
+        count_ = 0;
+        std::string_view rest = Trim(line);
+        while (!rest.empty())
+            rest = rest.front() == kQuote ? scanQuoted(rest.substr(1)) : scanPlain(rest);
+        nCommaLast_ = line;
+    }
+    return std::span<const std::string>(nComma_).first(count_);
+}
+
+/// The next field to fill: one of an earlier line where there is one, for its room.
+std::string& CommaSeparatedScanner::addField() {
+    if (count_ == nComma_.size())
+        nComma_.emplace_back();
+    std::string& field = nComma_[count_++];
+    field.clear();
+    return field;
+}
+
+/// Reads a field from behind its opening quote; returns what stands behind the field.
+std::string_view CommaSeparatedScanner::scanQuoted(std::string_view rest) {
+    std::string& field = addField();
+    for (;;) {
+        const std::size_t quote = rest.find(kQuote);
+        field += rest.substr(0, quote);
+        if (quote == std::string_view::npos)
+            return {};
+        rest.remove_prefix(quote + 1);
+        if (rest.empty() || rest.front() != kQuote)
+            break;
+        field += kQuote;
+        rest.remove_prefix(1);
+    }
+    rest = Trim(rest);
+    return rest.starts_with(kComma) ? Trim(rest.substr(1)) : rest;
+}
+
+/// Reads a field up to the next comma; returns what stands behind the field.
+std::string_view CommaSeparatedScanner::scanPlain(std::string_view rest) {
+    const std::size_t comma = rest.find(kComma);
+    addField() = Trim(rest.substr(0, comma));
+    return comma == std::string_view::npos ? std::string_view() : Trim(rest.substr(comma + 1));
+}
+
+std::span<const std::string_view> LineSplitter::split(std::string_view line, Dialect dialect) {
+    fields_.clear();
+    switch (dialect) {
+    case Dialect::Tab:
+        Split(line, kTab, fields_);
+        break;
+    case Dialect::Space:
+        // One pass only: three blanks leave two, and between them an empty field.
+        ReplaceAll(line, "  ", " ", halved_);
+        Split(halved_, kSpace, fields_);
+        break;
+    case Dialect::Comma:
+        for (const std::string& field : comma_.scan(line))
+            fields_.emplace_back(field);
+        break;
+    case Dialect::None:
+        break;
+    }
+    return fields_;
+}
+
+std::string JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll) {
+    std::string line;
+    appendCommaSeparated(fields, quoteAll, line);
+    return line;
+}
+
+void appendRecord(std::span<const std::string_view> fields, Dialect dialect, std::string& line) {
+    switch (dialect) {
+    case Dialect::Tab:
+        appendJoined(fields, kTab, line);
+        break;
+    case Dialect::Space:
+        appendJoined(fields, kSpace, line);
+        break;
+    case Dialect::Comma:
+        appendCommaSeparated(fields, false, line);
+        break;
+    case Dialect::None:
+        break;
+    }
+}
+
+} // namespace skyvert

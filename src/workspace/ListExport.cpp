@@ -1,0 +1,34 @@
+#include "platform/Files.h"
+#include "shell/FileTypes.h"
+#include "workspace/MainWindow.h"
+
+namespace skyvert {
+
+void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
+    if (refusesSpaces(ListFormat, outFormat))
+        return;
+    const auto file = app_.desktop().dialogs.GetSaveFolderItem(FileTypes::Text, "list.txt");
+    if (!file)
+        return;
+    TextOutputStream stream = TextOutputStream::Create(*file);
+    for (std::int64_t row = -1; row < list.RowCount(); ++row)
+        exportRow(row, stream);
+    stream.Close();
+}
+
+/// Writes one row as one line; row -1 are the headings. Without a dialect nothing is written.
+void MainWindow::exportRow(std::int64_t row, TextOutputStream& stream) {
+    std::array<std::string_view, 4> fields;
+    for (std::size_t column = 0; column < fields.size(); ++column) {
+        const auto index = static_cast<std::int64_t>(column);
+        fields[column] = row < 0 ? std::string_view(list.Heading(index)) : list.Cell(row, index);
+    }
+    const Dialect dialect = dialectNamed(ListFormat.value());
+    if (dialect == Dialect::None)
+        return;
+    cells_.clear();
+    appendRecord(fields, dialect, cells_);
+    stream.WriteLine(cells_);
+}
+
+} // namespace skyvert

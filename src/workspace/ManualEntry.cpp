@@ -1,0 +1,75 @@
+#include "platform/Text.h"
+#include "workspace/MainWindow.h"
+
+namespace skyvert {
+
+namespace {
+
+/// Shows a parser's verdict on a field's text: nothing for no error, else red text and the error
+/// as help tag.
+void showVerdict(TextField& field, std::string_view error) {
+    field.setTextColor(error.empty() ? kBlack : kRed);
+    field.setHelpTag(error);
+}
+
+} // namespace
+
+void MainWindow::raManual_Open(TextField& sender) {
+    sender.setText("");
+}
+
+void MainWindow::decManual_Open(TextField& sender) {
+    sender.setText("");
+}
+
+void MainWindow::raManual_TextChange(TextField& sender) {
+    std::string_view error;
+    inFormat.format().ImportRA(sender.text(), error);
+    showVerdict(sender, error);
+    CheckManualData();
+}
+
+void MainWindow::decManual_TextChange(TextField& sender) {
+    if (wantsSign(sender)) {
+        // Runs this handler again, for the sign.
+        sender.setText("+");
+        return;
+    }
+    std::string_view error;
+    inFormat.format().ImportDec(sender.text(), error);
+    showVerdict(sender, error);
+    CheckManualData();
+}
+
+/// Whether the first character typed stands where a signed notation under its mask has its sign.
+bool MainWindow::wantsSign(const TextField& field) const {
+    return DataEntryMask.value() && field.cueText().starts_with('+') && Len(field.text()) == 1 &&
+           field.text() != "-" && field.text() != "+";
+}
+
+void MainWindow::CheckManualData() {
+    const RADecFormat format = inFormat.format();
+    std::string_view errorRA;
+    std::string_view errorDec;
+    format.ImportRA(raManual.text(), errorRA);
+    format.ImportDec(decManual.text(), errorDec);
+    ManualEnterBtn.setEnabled(errorRA.empty() && errorDec.empty());
+}
+
+void MainWindow::ManualEnterBtn_Action(PushButton& /*sender*/) {
+    ConvertCoordinates(raManual.text(), decManual.text());
+    raManual.setText("");
+    decManual.setText("");
+    raManual.SetFocus();
+}
+
+void MainWindow::DataEntryMask_Action(CheckBox& /*sender*/) {
+    FormatChangeTimer.setMode(Timer::Mode::Single);
+}
+
+void MainWindow::ClearListButton_Action(PushButton& sender) {
+    list.DeleteAllRows();
+    sender.setEnabled(false);
+}
+
+} // namespace skyvert

@@ -1,0 +1,169 @@
+#include "platform/Number.h"
+#include "settings/Preferences.h"
+#include "workspace/MainWindow.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace skyvert {
+
+namespace {
+
+constexpr std::string_view kDefaultInFormat = "HH MM\t+DD MM\tY\t1\t1";
+constexpr std::string_view kDefaultOutFormat = "HH MM SS\t+DD MM SS\tY\t1\t0";
+constexpr std::string_view kDefaultDialect = "Tab-separated";
+constexpr std::string_view kRowCountKey = "nContents";
+constexpr std::string_view kRightAscensionKey = "Contents.RA.";
+constexpr std::string_view kDeclinationKey = "Contents.Dec.";
+
+/// The key of one stored cell: a prefix and the row's number. Keeps its room from row to row.
+class RowKey {
+public:
+    explicit RowKey(std::string_view prefix) : text_(prefix), prefixLength_(prefix.size()) {}
+
+    std::string_view of(std::int64_t row) {
+        text_.resize(prefixLength_);
+        text_ += std::to_string(row);
+        return text_;
+    }
+
+private:
+    std::string text_;
+    std::size_t prefixLength_;
+};
+
+/// One length of the window's place: its key, and how it is read and assigned.
+struct GeometryKey {
+    std::string_view key;
+    int (Window::*get)() const;
+    void (Window::*set)(int);
+};
+
+constexpr std::array<GeometryKey, 3> kGeometryKeys{{
+    {"MWin.Left", &Window::left, &Window::setLeft},
+    {"MWin.Top", &Window::top, &Window::setTop},
+    {"MWin.Height", &Window::height, &Window::setHeight},
+}};
+
+/// The number that a text starts with, without its decimals; the nearest that an `int` can hold.
+int toInt(std::string_view text) {
+    constexpr std::int64_t kLowest = std::numeric_limits<int>::min();
+    constexpr std::int64_t kHighest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(truncated(Val(text)), kLowest, kHighest));
+}
+
+} // namespace
+
+void MainWindow::Event_Open() {
+    for (const auto& [key, get, set] : kGeometryKeys)
+        (this->*set)(toInt(prefs().Value(key, std::to_string((this->*get)())).stringValue()));
+}
+
+void MainWindow::Event_Close() {
+    for (const auto& [key, get, set] : kGeometryKeys)
+        prefs().setValue(key, std::to_string((this->*get)()));
+    SaveContents();
+    app_.Quit(0);
+}
+
+void MainWindow::SaveContents() {
+    prefs().setValue(kRowCountKey, list.RowCount());
+    RowKey raKey(kRightAscensionKey);
+    RowKey decKey(kDeclinationKey);
+    for (std::int64_t row = 0; row <= list.LastIndex(); ++row) {
+        prefs().setValue(raKey.of(row), list.Cell(row, 0));
+        prefs().setValue(decKey.of(row), list.Cell(row, 1));
+    }
+}
+
+void MainWindow::OpenTimer_Action(Timer& /*sender*/) {
+    LoadContents();
+}
+
+void MainWindow::LoadContents() {
+    list.DeleteAllRows();
+    const std::int64_t count = prefs().Value(kRowCountKey, std::int64_t{0}).integerValue();
+    RowKey raKey(kRightAscensionKey);
+    RowKey decKey(kDeclinationKey);
+    for (std::int64_t row = 0; row < count; ++row) {
+        ConvertCoordinates(prefs().Value(raKey.of(row), 0.0).stringValue(),
+                           prefs().Value(decKey.of(row), 0.0).stringValue());
+    }
+    EpochChange();
+}
+
+void MainWindow::fromEpoch_Open(EpochSelector& sender) {
+    restoreEpoch(sender, "fromEpochA");
+}
+
+void MainWindow::fromEpoch_Close(EpochSelector& sender) {
+    prefs().setValue("fromEpochA", sender.serialised());
+}
+
+void MainWindow::toEpoch_Open(EpochSelector& sender) {
+    restoreEpoch(sender, "toEpochA");
+}
+
+void MainWindow::toEpoch_Close(EpochSelector& sender) {
+    prefs().setValue("toEpochA", sender.serialised());
+}
+
+/// A stored text that is no epoch counts as the empty one, without a word.
+void MainWindow::restoreEpoch(EpochSelector& selector, std::string_view key) {
+    try {
+        selector.setSerialised(prefs().Value(key, "").stringValue());
+    } catch (const std::invalid_argument&) {
+        selector.setSerialised("");
+    }
+    EpochChange();
+}
+
+void MainWindow::inFormat_Open(FormatSelector& sender) {
+    restoreFormat(sender, "inFormat", kDefaultInFormat);
+    FormatChangeTimer.setMode(Timer::Mode::Single);
+}
+
+void MainWindow::inFormat_Close(FormatSelector& sender) {
+    prefs().setValue("inFormat", sender.format().AsString());
+}
+
+void MainWindow::outFormat_Open(FormatSelector& sender) {
+    restoreFormat(sender, "outFormat", kDefaultOutFormat);
+}
+
+void MainWindow::outFormat_Close(FormatSelector& sender) {
+    prefs().setValue("outFormat", sender.format().AsString());
+}
+
+void MainWindow::restoreFormat(FormatSelector& selector, std::string_view key,
+                               std::string_view standard) {
+    const std::string stored = prefs().Value(key, standard).stringValue();
+    selector.setFormat(RADecFormat(stored, app_.desktop().locale));
+}
+
+void MainWindow::fileFormat_Open(Popup& sender) {
+    sender.setValue(prefs().Value(sender.name(), kDefaultDialect).stringValue());
+}
+
+void MainWindow::fileFormat_Close(Popup& sender) {
+    prefs().setValue(sender.name(), sender.value());
+}
+
+void MainWindow::ListFormat_Open(Popup& sender) {
+    sender.setValue(prefs().Value(sender.name(), kDefaultDialect).stringValue());
+}
+
+void MainWindow::ListFormat_Close(Popup& sender) {
+    prefs().setValue(sender.name(), sender.value());
+}
+
+void MainWindow::DataEntryMask_Open(CheckBox& sender) {
+    sender.setValue(prefs().Value(sender.name(), true).booleanValue());
+}
+
+void MainWindow::DataEntryMask_Close(CheckBox& sender) {
+    prefs().setValue(sender.name(), sender.value());
+}
+
+} // namespace skyvert
