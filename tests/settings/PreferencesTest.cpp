@@ -7,6 +7,7 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <tuple>
 
 namespace skyvert {
 namespace {
@@ -62,16 +63,10 @@ TEST_F(PreferencesTest, OnlyADifferentValueCountsAsAChange) {
         preferences.Close();
     }
 
-    const struct {
-        const char* key;
-        Variant value;
-        bool changes;
-    } cases[] = {
+    const std::initializer_list<std::tuple<const char*, Variant, bool>> cases = {
         {"text", "Text", false},         {"text", "text", true}, {"count", std::int64_t{3}, false},
         {"count", 3.0, false},           {"count", "3", true},   {"flag", true, false},
-        {"flag", std::int64_t{1}, true}, {"nil", {}, false},     {"new", {}, true},
-    };
-
+        {"flag", std::int64_t{1}, true}, {"nil", {}, false},     {"new", {}, true}};
     const auto before = fs::file_time_type::clock::now() - std::chrono::hours(1);
     for (const auto& [key, value, changes] : cases) {
         SCOPED_TRACE(std::string(key) + " " + value.stringValue());

@@ -40,55 +40,48 @@ std::string read(const std::string& document) {
 }
 
 TEST(XMLDictionaryReader, EntriesAreReadByTheTableOfElements) {
-    const struct {
-        std::string_view entries;
-        std::string_view expected;
-    } cases[] = {
-        {"<key>a</key><string>x</string>", "{a='x}"},
-        {" \n<KEY>a</KEY>\n\t<String> x\ty </String> ", "{a=' x\ty }"},
-        {"<key>a</key><string/><key> </key><string>  </string>", "{a='  ='  }"},
-        {"<key/><true/>", "{=true}"},
-        {"<key>a</key><integer>12.9</integer><key>b</key><integer>-12.9</integer>",
-         "{a=I12 b=I-12}"},
-        {"<key>a</key><integer>9007199254740993</integer>", "{a=I9007199254740992}"},
-        {"<key>a</key><integer>-99999999999999999999</integer>", "{a=I-9223372036854775808}"},
-        {"<key>a</key><integer>12 apples</integer><key>b</key><integer>apples</integer>",
-         "{a=I12 b=I0}"},
-        {"<key>a</key><real>-1.25</real><key>b</key><real>.5</real><key>c</key><real/>",
-         "{a=R-1.25 b=R0.5 c=R0}"},
-        {"<key>a</key><true/><key>b</key><false/><key>c</key><null/>", "{a=true b=false c=nil}"},
+    const std::initializer_list<std::pair<std::string, const char*>> cases = {
+        {" \n<KEY>a</KEY>\n\t<String> x\ty </String> <key>a</key><string/><key> </key><string>  "
+         "</string>"
+         "<key>b</key><string>x</string><key>b</key><true/><key/><true/><key>B</key><false/>",
+         "{a='  ='   b=true =true B=false}"},
+        {"<key>a</key><integer>12.9</integer><key>b</key><integer>-12.9</integer><key>c</"
+         "key><integer>"
+         "9007199254740993</integer><key>d</key><integer>-99999999999999999999</integer><key>e</"
+         "key>"
+         "<integer>12 apples</integer><key>f</key><integer>apples</integer>",
+         "{a=I12 b=I-12 c=I9007199254740992 d=I-9223372036854775808 e=I12 f=I0}"},
+        {"<key>a</key><real>-1.25</real><key>b</key><real>.5</real><key>c</key><real/><key>d</"
+         "key><null/>",
+         "{a=R-1.25 b=R0.5 c=R0 d=nil}"},
         {"<key>a</key><date>2000-02-29 12:05:09</date><key>b</key><date>2000-02-29</date>"
          "<key>c</key><date>1900-02-29</date><key>d</key><date>soon</date>",
          "{a=2000-02-29 12:05:09 b=2000-02-29 00:00:00 c=nil d=nil}"},
         {"<key>a</key><color>#FF8040</color><key>b</key><color>?1</color><key>c</key><color/>"
          "<key>d</key><color>#123456789</color>",
          "{a=&h00ff8040 b=&h00000001 c=&h00000000 d=&h00000000}"},
-        {"<key>a</key><data>AAAA</data><key>b</key><file>AAAA</file><key>c</key><true/>",
-         "{c=true}"},
-        {"<key>a</key><strange><true/></strange><true/><key>b</key><true/>", "{b=true}"},
-        {"<key>a</key><key>b</key><true/><key>c</key><true/>", "{c=true}"},
-        {"<true/><key>a</key><true/><key>b</key>", "{a=true}"},
-        {"<key>a</key><true/><key>b</key><true/><key>a</key><false/>", "{a=false b=true}"},
-        {"<key>a</key><true/><key>A</key><false/>", "{a=true A=false}"},
-        {"<key>a</key>text<!-- c --><?pi x?><![CDATA[y]]><true/>", "{a=true}"},
+        {"<key>a</key><data>AAAA</data><key>b</key><file>AAAA</file><key>c</key><strange><true/></"
+         "strange>"
+         "<true/><key>d</key><key>e</key><true/><key>f</key>text<!-- c --><?pi "
+         "x?><![CDATA[y]]><true/>"
+         "<key>g</key>",
+         "{f=true}"},
         {"<key>l</key><array><true/><key>k</key><string>s</string><data/><array/></array>",
          "{l=[true 's []]}"},
-        {"<key>d</key><dict><key>a</key><true/><key>b</key><true/></dict>"
+        {"<key>d</key><true/><key>d</key><dict><key>a</key><true/><key>b</key><true/></dict>"
          "<key>d</key><dict><key>b</key><false/><key>c</key><dict/></dict>",
          "{d={a=true b=false c={}}}"},
-        {"<key>d</key><true/><key>d</key><dict/>", "{d={}}"},
         {"<key>a</key><string>x<!--c-->y<![CDATA[<z>]]><b k=\"&lt;\">&amp;</b> <?p i?></string>",
          "{a='x<!--c-->y<![CDATA[<z>]]><b k=\"&lt;\">&amp;</b> <?p i?>}"},
-        {"<key>a</key><string>&lt;&gt;&amp;&apos;&quot;&#65;&#xe9;&#x1F52D;&amp;lt;</string>",
-         "{a='<>&'\"A\u00E9\U0001F52D&lt;}"},
-        {"<key>a</key><string>1\r\n2\r3&#13;4</string>", "{a='1\n2\n3\r4}"},
+        {"<key>a</"
+         "key><string>&lt;&gt;&amp;&apos;&quot;&#65;&#xe9;&#x1F52D;&amp;lt;1\r\n2\r3&#13;4</"
+         "string>",
+         "{a='<>&'\"A\u00E9\U0001F52D&lt;1\n2\n3\r4}"},
     };
-
     for (const auto& [entries, expected] : cases) {
         SCOPED_TRACE(entries);
-        const std::string inner(entries);
-        EXPECT_EQ(read("<xmldict version=\"1.1\">" + inner + "</xmldict>"), expected);
-        EXPECT_EQ(read("<plist version='1.0'>\n<!--c--><dict>" + inner + "</dict><x/></plist>"),
+        EXPECT_EQ(read("<xmldict version=\"1.1\">" + entries + "</xmldict>"), expected);
+        EXPECT_EQ(read("<plist version='1.0'>\n<!--c--><dict>" + entries + "</dict><x/></plist>"),
                   expected);
     }
 }
@@ -174,17 +167,12 @@ constexpr std::string_view kSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <xmldict version="1.1">
 	<key>inFormat</key>
 	<string>HH MM	+DD MM	Y	1	1</string>
-	<key>nContents</key>
-	<integer>1</integer>
-	<key>DataEntryMask</key>
-	<false/>
 	<key>nested &amp; more</key>
 	<dict>
-		<key>real</key>
-		<real>-1.25</real>
 		<key>list</key>
 		<array>
 			<null/>
+			<real>-1.25</real>
 			<color>#FF8040</color>
 			<date>2000-01-01 12:00:00</date>
 		</array>

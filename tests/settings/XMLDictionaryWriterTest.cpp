@@ -85,7 +85,6 @@ TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
         {std::string("\0\x1F|\xC3\xA9|\xE9|\x80|\xEF\xBF\xBF|\xED\xA0\x80", 17),
          "<string>\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>", ""},
         {true, "<true/>", ""},
-        {false, "<false/>", ""},
         {Color{0x00FF8040}, "<color>#FF8040</color>", "<false/>"},
         {Color{0xFFAB0012}, "<color>#FFAB0012</color>", "<false/>"},
         {Color{}, "<color>#0</color>", "<false/>"},
@@ -143,13 +142,6 @@ TEST(XMLDictionaryWriter, WhatIsNestedTooDeepForTheReaderIsLeftOut) {
         EXPECT_EQ(text.find("bottom"), std::string::npos);
         EXPECT_TRUE(LoadXML(std::make_shared<Dictionary>(), text));
     }
-}
-
-TEST(XMLDictionaryWriter, AccessorsGiveNothingForWhatIsNoStorage) {
-    EXPECT_EQ(StorageCount("text"), 0U);
-    EXPECT_TRUE(StorageKey(collection({"x"}), 0).isNil());
-    EXPECT_EQ(StorageValue(collection({"x", "y"}), 1).stringValue(), "y");
-    EXPECT_TRUE(StorageValue(std::make_shared<Object>(), 0).isNil());
 }
 
 } // namespace
