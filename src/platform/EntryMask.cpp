@@ -1,0 +1,394 @@
+#include "platform/EntryMask.h"
+
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <utility>
+
+namespace skyvert {
+
+namespace {
+
+/// A field of more digits is several numbers written together.
+constexpr std::size_t kLongestNumber = 3;
+
+/// Which mark closes a text whose last literal is the first of the pair.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kClosingMarks{
+    {{"h", "m"}, {"m", "s"}, {"°", "'"}, {"'", "\""}}};
+
+bool continuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+std::vector<std::string_view> splitCharacters(std::string_view text) {
+    std::vector<std::string_view> characters;
+    for (std::size_t begin = 0, end = 0; begin < text.size(); begin = end) {
+        end = begin + 1;
+        while (end < text.size() && continuesCharacter(text[end]))
+            ++end;
+        characters.push_back(text.substr(begin, end - begin));
+    }
+    return characters;
+}
+
+bool isDigit(std::string_view character) {
+    return character.size() == 1 && character[0] >= '0' && character[0] <= '9';
+}
+
+bool isSign(std::string_view character) {
+    return character == "+" || character == "-";
+}
+
+EntryText replaceFreely(std::string_view text, std::size_t first, std::size_t last,
+                        std::string_view insertion) {
+    std::string replaced(Left(text, first));
+    replaced += insertion;
+    replaced += Mid(text, last + 1);
+    return {replaced, first + Len(insertion)};
+}
+
+} // namespace
+
+bool EntryMask::Field::isLedBy(std::string_view character) const {
+    return !lead.empty() && (equalsIgnoringCase(lead, character) ||
+                             (leadIsDecimal && (character == "." || character == ",")));
+}
+
+/// Finds the field of each character of a text that stands. Unlike a person's typing, such a text
+/// may have fields that a deletion has left short or empty.
+class EntryMask::Reader {
+public:
+    Reader(const std::vector<Field>& fields, const Characters& characters)
+        : fields_(fields), characters_(characters) {}
+
+    /// The cells of the text, or nothing when it doesn't fit the mask.
+    std::optional<std::vector<Cell>> read() {
+        for (std::size_t i = 0; i < characters_.size(); ++i)
+            if (!place(i))
+                return std::nullopt;
+        return std::move(cells_);
+    }
+
+private:
+    bool place(std::size_t index) {
+        const std::string_view character = characters_[index];
+        for (;; ++field_, used_ = 0) {
+            if (belongsHere(index)) {
+                cells_.push_back({field_, false, character});
+                ++used_;
+                return true;
+            }
+            if (field_ + 1 == fields_.size())
+                return false;
+            const Field& next = fields_[field_ + 1];
+            if (next.isLedBy(character)) {
+                cells_.push_back({++field_, true, character});
+                used_ = 0;
+                return true;
+            }
+            // A digit runs on into the next field; anything else only passes a sign left out.
+            if (isDigit(character) ? next.leadIsDecimal : !fields_[field_].takesAny)
+                return false;
+        }
+    }
+
+    bool belongsHere(std::size_t index) const {
+        const Field& field = fields_[field_];
+        const bool hasRoom = used_ < field.capacity;
+        return hasRoom && (field.takesAny ? isSignHere(index) : isDigit(characters_[index]));
+    }
+
+    /// A digit or a separator with more behind it shows that the sign was left out or deleted.
+    bool isSignHere(std::size_t index) const {
+        const std::string_view character = characters_[index];
+        const bool isLast = index + 1 == characters_.size();
+        return !isDigit(character) &&
+               (isLast || field_ + 2 >= fields_.size() || !fields_[field_ + 2].isLedBy(character));
+    }
+
+    const std::vector<Field>& fields_;
+    const Characters& characters_;
+    std::vector<Cell> cells_;
+    std::size_t field_ = 0;
+    std::size_t used_ = 0; ///< characters in the field
+};
+
+/// The content of the fields while one change is made to it.
+class EntryMask::Edit {
+public:
+    explicit Edit(const std::vector<Field>& fields) : fields_(fields), contents_(fields.size()) {}
+
+    /// Starts with a text that stands, less the characters from `first` to before `last`, and with
+    /// the caret in their place.
+    Edit(const std::vector<Field>& fields, std::span<const Cell> cells, std::size_t first,
+         std::size_t last)
+        : Edit(fields) {
+        restore(cells.first(first));
+        const std::size_t caretField = reached_;
+        const std::size_t caretOffset = cells.empty() || first == 0 ? 0 : length(reached_);
+        restore(cells.subspan(last));
+        field_ = caretField;
+        offset_ = caretOffset;
+    }
+
+    bool typeAll(const Characters& characters) {
+        return std::all_of(characters.begin(), characters.end(),
+                           [this](std::string_view character) { return type(character); });
+    }
+
+    /// Types a text and then what stands behind the caret.
+    bool typeAround(const Characters& characters, const Characters& behindCaret) {
+        if (!typeAll(characters))
+            return false;
+        const std::size_t caretField = field_;
+        const std::size_t caretOffset = offset_;
+        const bool fits = typeAll(behindCaret);
+        field_ = caretField;
+        offset_ = caretOffset;
+        return fits;
+    }
+
+    EntryText result() const {
+        std::string text;
+        std::string beforeCaret;
+        for (std::size_t i = 0; i <= reached_; ++i) {
+            text += fields_[i].lead;
+            if (i == field_)
+                beforeCaret = text + contents_[i].substr(0, byteOffset());
+            text += contents_[i];
+        }
+        return {text, splitCharacters(beforeCaret).size()};
+    }
+
+private:
+    void restore(std::span<const Cell> cells) {
+        for (const Cell& cell : cells) {
+            reached_ = std::max(reached_, cell.field);
+            if (!cell.isLead)
+                contents_[cell.field] += cell.character;
+        }
+    }
+
+    const Field& field() const { return fields_[field_]; }
+
+    /// The characters in a field: digits are single bytes, and other fields hold one character.
+    std::size_t length(std::size_t field) const {
+        return fields_[field].takesAny ? std::min<std::size_t>(contents_[field].size(), 1)
+                                       : contents_[field].size();
+    }
+
+    std::size_t byteOffset() const {
+        return field().takesAny && offset_ > 0 ? std::string::npos : offset_;
+    }
+
+    bool type(std::string_view character) {
+        if (closed_)
+            return isClosing(character);
+        if (isDigit(character))
+            return typeDigit(character[0]);
+        return typeAny(character) || typeLead(character) || isIdleBlank(character) ||
+               close(character);
+    }
+
+    bool typeDigit(char digit) {
+        while (field().takesAny || offset_ == field().capacity)
+            if (!stepOver())
+                return false;
+        contents_[field_].insert(offset_++, 1, digit);
+        return makeRoom(field_);
+    }
+
+    /// To the start of the next field, for a digit; not into decimals that stand already.
+    bool stepOver() {
+        const std::size_t next = field_ + 1;
+        if (next == fields_.size() || (fields_[next].leadIsDecimal && length(next) > 0))
+            return false;
+        moveTo(next);
+        return true;
+    }
+
+    void moveTo(std::size_t field) {
+        field_ = field;
+        offset_ = 0;
+        reached_ = std::max(reached_, field);
+    }
+
+    /// Moves digits on for which a field has no room.
+    bool makeRoom(std::size_t from) {
+        for (std::size_t i = from; length(i) > fields_[i].capacity; ++i) {
+            const std::size_t next = i + 1;
+            if (next == fields_.size() || fields_[next].leadIsDecimal || fields_[next].takesAny)
+                return false;
+            contents_[next].insert(0, 1, contents_[i].back());
+            contents_[i].pop_back();
+            reached_ = std::max(reached_, next);
+        }
+        return true;
+    }
+
+    bool typeAny(std::string_view character) {
+        if (!field().takesAny || (length(field_) > 0 && !isSign(character)))
+            return false;
+        contents_[field_] = character;
+        offset_ = 1;
+        return true;
+    }
+
+    bool typeLead(std::string_view character) {
+        const std::size_t next = field_ + 1;
+        const bool isHere = next < fields_.size() && fields_[next].isLedBy(character);
+        if (!isHere || offset_ < length(field_) || !fillUp())
+            return false;
+        moveTo(next);
+        return true;
+    }
+
+    bool fillUp() {
+        std::string& digits = contents_[field_];
+        if (digits.size() >= field().required)
+            return true;
+        if (digits.empty() || field().required > kLongestNumber)
+            return false;
+        digits.insert(0, field().required - digits.size(), '0');
+        return true;
+    }
+
+    bool isIdleBlank(std::string_view character) const {
+        return character == " " && (offset_ == 0 || field().takesAny);
+    }
+
+    bool close(std::string_view character) {
+        const bool isAtEnd = field_ == reached_ && offset_ == length(field_) && offset_ > 0;
+        const bool isLastNumber = field_ + 1 == fields_.size() || fields_[field_ + 1].leadIsDecimal;
+        closed_ = isAtEnd && isLastNumber && isClosing(character);
+        return closed_;
+    }
+
+    bool isClosing(std::string_view character) const {
+        const auto lastLiteral =
+            std::find_if(fields_.rbegin(), fields_.rend(), [](const Field& field) {
+                return !field.lead.empty() && !field.leadIsDecimal;
+            });
+        const auto isMark = [&](const auto& pair) {
+            return lastLiteral != fields_.rend() && pair.first == lastLiteral->lead &&
+                   equalsIgnoringCase(pair.second, character);
+        };
+        return std::any_of(kClosingMarks.begin(), kClosingMarks.end(), isMark);
+    }
+
+    const std::vector<Field>& fields_;
+    std::vector<std::string> contents_;
+    std::size_t reached_ = 0; ///< the last field that is shown, with its lead
+    std::size_t field_ = 0;   ///< the caret's field
+    std::size_t offset_ = 0;  ///< the caret's place in it, in characters
+    bool closed_ = false;     ///< only closing marks may follow
+};
+
+EntryMask::EntryMask(std::string_view mask, std::string_view decimalSeparator) {
+    const Characters elements = splitCharacters(mask);
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        const std::string_view element = elements[i];
+        if (element == "#" || element == "9") {
+            Field& field = fieldFor(false);
+            field.required += element == "#" ? 1 : 0;
+            ++field.capacity;
+        } else if (element == "&") {
+            fieldFor(true).capacity = 1;
+        } else if (element == ".") {
+            addLead(decimalSeparator, true);
+        } else {
+            // A point that the mask makes literal is a decimal separator that ignores the locale.
+            const bool isEscaped = element == "\\" && i + 1 < elements.size();
+            const std::string_view literal = isEscaped ? elements[++i] : element;
+            addLead(literal, literal == ".");
+        }
+    }
+}
+
+/// Opens the field behind a literal. A literal that opens the mask has an empty field before it.
+void EntryMask::addLead(std::string_view lead, bool isDecimal) {
+    if (fields_.empty())
+        fields_.emplace_back();
+    fields_.push_back({std::string(lead), isDecimal});
+}
+
+/// The field that the next element of a mask belongs to, a new one if need be.
+EntryMask::Field& EntryMask::fieldFor(bool takesAny) {
+    const bool fits = !fields_.empty() &&
+                      (fields_.back().capacity == 0 || (!takesAny && !fields_.back().takesAny));
+    if (!fits)
+        fields_.emplace_back();
+    fields_.back().takesAny = takesAny;
+    return fields_.back();
+}
+
+std::optional<EntryText> EntryMask::replace(std::string_view text, std::size_t first,
+                                            std::size_t last, std::string_view insertion) const {
+    const Characters characters = splitCharacters(text);
+    last = std::min(last, characters.size());
+    first = std::min(first, last);
+    EntryText free = replaceFreely(text, first, last, insertion);
+    if (fields_.empty())
+        return free;
+    const Characters typed = splitCharacters(insertion.size() > 1 ? Trim(insertion) : insertion);
+    if (std::optional<Edit> edit = editOf(characters, first, last)) {
+        if (!edit->typeAll(typed))
+            return std::nullopt;
+        return edit->result();
+    }
+    Edit whole(fields_);
+    const bool fits = whole.typeAround(splitCharacters(Left(free.text, free.caret)),
+                                       splitCharacters(Mid(text, last + 1)));
+    return fits ? whole.result() : std::move(free);
+}
+
+/// The start of a change to a text that fits, or that fits without what the change replaces.
+std::optional<EntryMask::Edit> EntryMask::editOf(const Characters& characters, std::size_t first,
+                                                 std::size_t last) const {
+    if (const auto cells = Reader(fields_, characters).read())
+        return Edit(fields_, *cells, first, last);
+    if (const auto cells = readWithout(characters, first, last))
+        return Edit(fields_, *cells, first, first);
+    return std::nullopt;
+}
+
+std::optional<std::vector<EntryMask::Cell>>
+EntryMask::readWithout(Characters characters, std::size_t first, std::size_t last) const {
+    const auto begin = characters.begin();
+    characters.erase(begin + static_cast<std::ptrdiff_t>(first),
+                     begin + static_cast<std::ptrdiff_t>(last));
+    return Reader(fields_, characters).read();
+}
+
+EntryText EntryMask::erase(std::string_view text, std::size_t first, std::size_t last) const {
+    const Characters characters = splitCharacters(text);
+    last = std::min(last, characters.size());
+    first = std::min(first, last);
+    const auto cells = fields_.empty() ? std::nullopt : Reader(fields_, characters).read();
+    if (!cells)
+        return replaceFreely(text, first, last, {});
+    const std::span erased = std::span(*cells).subspan(first, last - first);
+    if (std::all_of(erased.begin(), erased.end(), [](const Cell& cell) { return cell.isLead; }))
+        if (const auto joined = readWithout(characters, first, last))
+            return Edit(fields_, *joined, first, first).result();
+    return Edit(fields_, *cells, first, last).result();
+}
+
+EntryText EntryMask::eraseBefore(std::string_view text, std::size_t caret) const {
+    for (std::size_t first = caret; first > 0; --first)
+        if (EntryText erased = erase(text, first - 1, caret); erased.text != text)
+            return erased;
+    return {std::string(text), 0};
+}
+
+EntryText EntryMask::eraseAfter(std::string_view text, std::size_t caret) const {
+    const std::size_t end = splitCharacters(text).size();
+    for (std::size_t last = caret; last < end; ++last)
+        if (EntryText erased = erase(text, caret, last + 1); erased.text != text)
+            return erased;
+    return {std::string(text), std::min(caret, end)};
+}
+
+} // namespace skyvert
