@@ -1,0 +1,211 @@
+#include "qt/MaskedLineEdit.h"
+
+#include "qt/QtText.h"
+
+#include <QClipboard>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace skyvert {
+
+namespace {
+
+/// True for a key that puts a character into a text, as Qt's own line edit judges.
+bool isTyping(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (event.text().isEmpty() || modifiers == Qt::ControlModifier ||
+        modifiers == (Qt::ControlModifier | Qt::ShiftModifier))
+        return false;
+    const QChar first = event.text().front();
+    return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format;
+}
+
+bool isLineEnd(QChar character) {
+    return character == u'\n' || character == u'\r' || character == u'\v' || character == u'\f' ||
+           character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
+/// The first line that says something, with blanks for tabs. A text of one line without tabs is
+/// left alone, blanks at its ends included.
+QString oneLine(QString text) {
+    const auto isBreak = [](QChar character) { return isLineEnd(character) || character == u'\t'; };
+    if (std::none_of(text.cbegin(), text.cend(), isBreak))
+        return text;
+    text = text.trimmed();
+    text.truncate(std::find_if(text.cbegin(), text.cend(), isLineEnd) - text.cbegin());
+    return text.replace(u'\t', u' ').trimmed();
+}
+
+/// Qt's position, which counts UTF-16 units, behind a number of characters.
+int positionOf(const QString& text, std::size_t characters) {
+    qsizetype position = 0;
+    for (; characters > 0 && position < text.size(); --characters)
+        position += text.at(position).isHighSurrogate() ? 2 : 1;
+    return static_cast<int>(std::min(position, text.size()));
+}
+
+} // namespace
+
+MaskedLineEdit::MaskedLineEdit(QWidget* parent) : QLineEdit(parent) {
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+        if (!isBecoming_)
+            emit edited(text);
+    });
+    connect(this, &QLineEdit::returnPressed, this, &MaskedLineEdit::entered);
+}
+
+void MaskedLineEdit::cut() {
+    copy();
+    eraseSelection();
+}
+
+void MaskedLineEdit::paste() {
+    pasteText(QGuiApplication::clipboard()->text());
+}
+
+void MaskedLineEdit::keyPressEvent(QKeyEvent* event) {
+    if (isReadOnly())
+        QLineEdit::keyPressEvent(event);
+    else if (event->matches(QKeySequence::Paste))
+        paste();
+    else if (event->matches(QKeySequence::Cut))
+        cut();
+    else if (isTyping(*event))
+        type(event->text());
+    else if (!erasedBy(*event))
+        QLineEdit::keyPressEvent(event);
+}
+
+/// Deletes by Backspace and Delete. What other keys delete needs no mask.
+bool MaskedLineEdit::erasedBy(const QKeyEvent& event) {
+    const bool isBackward =
+        event.key() == Qt::Key_Backspace && (event.modifiers() & ~Qt::ShiftModifier) == 0;
+    if (!isBackward && !event.matches(QKeySequence::Delete))
+        return false;
+    const std::size_t caret = characterAt(cursorPosition());
+    if (hasSelectedText())
+        eraseSelection();
+    else
+        become(isBackward ? mask_.eraseBefore(toUtf8(text()), caret)
+                          : mask_.eraseAfter(toUtf8(text()), caret));
+    return true;
+}
+
+void MaskedLineEdit::inputMethodEvent(QInputMethodEvent* event) {
+    const bool isChange = !event->commitString().isEmpty() || event->replacementLength() > 0;
+    if (isReadOnly() || !isChange) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    // The composition ends before the text it stands in is changed, and goes on behind the change.
+    QInputMethodEvent noComposition;
+    QLineEdit::inputMethodEvent(&noComposition);
+    if (event->replacementLength() > 0)
+        setSelection(cursorPosition() + event->replacementStart(), event->replacementLength());
+    type(event->commitString());
+    QInputMethodEvent composition(event->preeditString(), event->attributes());
+    QLineEdit::inputMethodEvent(&composition);
+}
+
+/// The middle button pastes the selection where the system has one.
+void MaskedLineEdit::mouseReleaseEvent(QMouseEvent* event) {
+    const QClipboard& clipboard = *QGuiApplication::clipboard();
+    if (event->button() != Qt::MiddleButton || !clipboard.supportsSelection() || isReadOnly()) {
+        QLineEdit::mouseReleaseEvent(event);
+        return;
+    }
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    pasteText(clipboard.text(QClipboard::Selection));
+}
+
+void MaskedLineEdit::dropEvent(QDropEvent* event) {
+    if (isReadOnly())
+        return;
+    QDragLeaveEvent leave;
+    dragLeaveEvent(&leave);
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    event->acceptProposedAction();
+    pasteText(event->mimeData()->text());
+}
+
+void MaskedLineEdit::eraseSelection() {
+    if (hasSelectedText() && !isReadOnly())
+        become(mask_.erase(toUtf8(text()), characterAt(selectionFirst()),
+                           characterAt(selectionLast())));
+}
+
+void MaskedLineEdit::type(const QString& typed) {
+    const std::string characters = fold_ ? fold_(toUtf8(typed)) : toUtf8(typed);
+    const auto entry = mask_.replace(toUtf8(text()), characterAt(selectionFirst()),
+                                     characterAt(selectionLast()), characters);
+    if (entry)
+        become(*entry);
+}
+
+void MaskedLineEdit::pasteText(const QString& pasted) {
+    const QString line = oneLine(pasted);
+    if (!line.isEmpty() && !isReadOnly())
+        type(line);
+}
+
+/// A position of Qt's in characters.
+std::size_t MaskedLineEdit::characterAt(int position) const {
+    return static_cast<std::size_t>(text().left(position).toUcs4().size());
+}
+
+int MaskedLineEdit::selectionFirst() const {
+    return hasSelectedText() ? selectionStart() : cursorPosition();
+}
+
+int MaskedLineEdit::selectionLast() const {
+    return hasSelectedText() ? selectionEnd() : cursorPosition();
+}
+
+void MaskedLineEdit::become(const EntryText& entry) {
+    const QString before = text();
+    const QString wanted = toQString(entry.text);
+    {
+        const QScopedValueRollback guard(isBecoming_, true);
+        replaceDifference(wanted);
+        setCursorPosition(positionOf(wanted, entry.caret));
+    }
+    if (before != wanted)
+        emit edited(text());
+}
+
+/// Changes only what differs, so that the undo history sees a person's change as one step and a
+/// run of typing as a run.
+void MaskedLineEdit::replaceDifference(const QString& wanted) {
+    const QString present = text();
+    if (present == wanted)
+        return;
+    const auto common = [](auto a, auto aEnd, auto b, auto bEnd) {
+        return std::distance(a, std::mismatch(a, aEnd, b, bEnd).first);
+    };
+    const qsizetype prefix =
+        common(present.cbegin(), present.cend(), wanted.cbegin(), wanted.cend());
+    const qsizetype suffix = common(present.crbegin(), present.crend() - prefix, wanted.crbegin(),
+                                    wanted.crend() - prefix);
+    const qsizetype replaced = present.size() - prefix - suffix;
+    const QString put = wanted.mid(prefix, wanted.size() - prefix - suffix);
+    // Undo joins a deleted selection with what is typed next, but not a single deleted character.
+    const bool isOneDeletion = replaced == 1 && put.isEmpty();
+    if (replaced > 0 && !isOneDeletion)
+        setSelection(static_cast<int>(prefix), static_cast<int>(replaced));
+    else
+        setCursorPosition(static_cast<int>(prefix + replaced));
+    if (isOneDeletion)
+        backspace();
+    else
+        insert(put);
+}
+
+} // namespace skyvert
