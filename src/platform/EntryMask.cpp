@@ -369,11 +369,13 @@ EntryText EntryMask::erase(std::string_view text, std::size_t first, std::size_t
     const auto cells = fields_.empty() ? std::nullopt : Reader(fields_, characters).read();
     if (!cells)
         return replaceFreely(text, first, last, {});
-    const std::span erased = std::span(*cells).subspan(first, last - first);
-    if (std::all_of(erased.begin(), erased.end(), [](const Cell& cell) { return cell.isLead; }))
-        if (const auto joined = readWithout(characters, first, last))
-            return Edit(fields_, *joined, first, first).result();
-    return Edit(fields_, *cells, first, last).result();
+    const EntryText kept = Edit(fields_, *cells, first, last).result();
+    EntryText joined = replaceFreely(text, first, last, {});
+    const bool takesLiterals = kept.text == text;
+    const auto joinedCells = Reader(fields_, splitCharacters(joined.text)).read();
+    const bool joins = takesLiterals && joinedCells &&
+                       Edit(fields_, *joinedCells, 0, 0).result().text == joined.text;
+    return joins ? joined : kept;
 }
 
 EntryText EntryMask::eraseBefore(std::string_view text, std::size_t caret) const {

@@ -40,7 +40,7 @@ struct EntryText {
 ///   number are taken and dropped, so a text copied from a list fits: `12h 30m 45.5s`.
 /// - A deletion takes digits out of their fields, and the field closes up; the literals stay
 ///   between the fields as long as something stands behind them. A literal deleted by itself joins
-///   its fields where they are short.
+///   its fields if what is left fits as it stands, as it does beside an empty field.
 ///
 /// A text that stands in the field but doesn't fit, because code put it there or because the mask
 /// came later, is completed with the next character if that makes it fit, and is otherwise edited
