@@ -66,7 +66,7 @@ XmlNode modelOf(XmlNode node, const char* name) {
     }
     if (const XmlNode model = models.child(name))
         return model;
-    const std::string text = "<" + std::string(name) + ">-</" + name + ">";
+    const std::string text = std::string("<").append(name).append(">-</").append(name).append(">");
     models.append_buffer(text.data(), text.size(), pugi::parse_embed_pcdata, pugi::encoding_utf8);
     return models.last_child();
 }
