@@ -3,6 +3,7 @@
 #include "epochs/JulianDate.h"
 #include "platform/Json.h"
 #include "platform/Number.h"
+#include "platform/SettingGuard.h"
 
 #include <algorithm>
 #include <array>
@@ -74,20 +75,6 @@ std::vector<std::string> epochRows() {
     return rows;
 }
 
-/// Mutes `ValueChanged` and the popup's handler while it lives.
-class EpochValue::SettingScope {
-public:
-    explicit SettingScope(bool& setting) : setting_(setting) { setting_ = true; }
-
-    ~SettingScope() { setting_ = false; }
-
-    SettingScope(const SettingScope&) = delete;
-    SettingScope& operator=(const SettingScope&) = delete;
-
-private:
-    bool& setting_;
-};
-
 EpochValue::EpochValue(EpochView& view, const Clock& clock, Locale locale)
     : view_(view), clock_(clock), locale_(std::move(locale)) {}
 
@@ -95,6 +82,12 @@ const Date& EpochValue::currentEpoch() const {
     if (!mepoch_)
         throw std::logic_error("no epoch has been assigned yet");
     return *mepoch_;
+}
+
+/// The Julian date is worked out with the epoch and not at each reading: every row asks for it.
+void EpochValue::become(const Date& date) {
+    mepoch_ = date;
+    julianDate_ = DateToJulian(date);
 }
 
 bool EpochValue::isCurrentDay(const Date& date) const {
@@ -123,7 +116,7 @@ void EpochValue::raiseValueChanged() const {
 void EpochValue::setEpoch(const Date& date) {
     if (isCurrentDay(date))
         return;
-    const SettingScope scope(setting_);
+    const SettingGuard guard(setting_);
     const std::string_view row = rowOfDay(date);
     view_.setEpochPopupValue(row);
     if (row == kOther)
@@ -131,7 +124,7 @@ void EpochValue::setEpoch(const Date& date) {
     const bool isOther = view_.epochPopupValue() == kOther;
     view_.setEpochDateVisible(isOther);
     view_.setDateLabelVisible(isOther);
-    mepoch_ = date;
+    become(date);
     SetHelpTag();
 }
 
@@ -163,7 +156,8 @@ void EpochValue::setEpochYear(double year) {
 }
 
 double EpochValue::epochJulian() const {
-    return DateToJulian(currentEpoch());
+    currentEpoch();
+    return julianDate_;
 }
 
 void EpochValue::setEpochJulian(double julianDate) {
@@ -185,14 +179,14 @@ void EpochValue::setSerialised(std::string_view text) {
     view_.setEpochPopupListIndex(row);
     view_.setEpochDateDateValue(date);
     // The handlers have run in between, on a date control that was not filled yet.
-    mepoch_ = dateOfRow(rowText(view_.epochPopupListIndex()), date);
+    become(dateOfRow(rowText(view_.epochPopupListIndex()), date));
 }
 
 void EpochValue::epochPopup_Change() {
     if (setting_ || view_.epochPopupListIndex() < 0)
         return;
     const std::string row = view_.epochPopupValue();
-    mepoch_ = dateOfRow(row, view_.epochDateDateValue());
+    become(dateOfRow(row, view_.epochDateDateValue()));
     view_.setDateLabelVisible(row == kOther);
     view_.setEpochDateVisible(row == kOther);
     SetHelpTag();
@@ -203,7 +197,7 @@ void EpochValue::epochDate_ValueChanged() {
     const Date date = view_.epochDateDateValue();
     if (isCurrentDay(date))
         return;
-    mepoch_ = date;
+    become(date);
     SetHelpTag();
     if (!setting_)
         raiseValueChanged();

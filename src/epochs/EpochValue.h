@@ -92,9 +92,8 @@ public:
     void SetHelpTag();
 
 private:
-    class SettingScope;
-
     const Date& currentEpoch() const;
+    void become(const Date& date);
     Date dateOfRow(std::string_view row, const Date& other) const;
     std::string_view rowOfDay(const Date& date) const;
     bool isCurrentDay(const Date& date) const;
@@ -104,7 +103,8 @@ private:
     const Clock& clock_;
     Locale locale_;
     std::optional<Date> mepoch_;
-    bool setting_ = false; ///< true while `setEpoch` moves the controls
+    double julianDate_ = 0.0; ///< of 0h of `mepoch_`, if it has a value
+    bool setting_ = false;    ///< true while `setEpoch` moves the controls
 };
 
 } // namespace skyvert

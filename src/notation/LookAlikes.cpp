@@ -1,5 +1,7 @@
 #include "notation/LookAlikes.h"
 
+#include "platform/Unicode.h"
+
 #include <algorithm>
 #include <array>
 
@@ -30,19 +32,19 @@ constexpr std::array<LookAlike, 15> kLookAlikes{{
     {"\u02E2", "s"},  // modifier letter small s
 }};
 
-constexpr bool isAscii(char byte) {
+constexpr bool isAsciiByte(char byte) {
     return (static_cast<unsigned char>(byte) & 0x80U) == 0;
 }
 
 } // namespace
 
 void FoldLookAlikes(std::string& text) {
-    const auto firstOther = std::find_if_not(text.begin(), text.end(), isAscii);
+    const auto firstOther = std::find_if_not(text.begin(), text.end(), isAsciiByte);
     char* to = text.data() + (firstOther - text.begin());
     std::string_view rest(to, static_cast<std::size_t>(text.end() - firstOther));
     while (!rest.empty()) {
         const auto* const found =
-            isAscii(rest.front())
+            isAsciiByte(rest.front())
                 ? kLookAlikes.end()
                 : std::find_if(kLookAlikes.begin(), kLookAlikes.end(), [&](const LookAlike& one) {
                       return rest.starts_with(one.character);
@@ -56,7 +58,7 @@ void FoldLookAlikes(std::string& text) {
 }
 
 std::string_view FoldLookAlikes(std::string_view text, std::string& storage) {
-    if (std::all_of(text.begin(), text.end(), isAscii))
+    if (isAscii(text))
         return text;
     storage = text;
     FoldLookAlikes(storage);

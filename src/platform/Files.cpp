@@ -16,6 +16,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kReadSize = std::size_t{256} * 1024;
+constexpr std::size_t kWriteSize = std::size_t{64} * 1024;
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
@@ -27,11 +28,6 @@ FileStream openStream(const fs::path& file, const char* mode) {
 #else
     return FileStream(std::fopen(file.c_str(), mode));
 #endif
-}
-
-bool isAscii(std::string_view text) {
-    return std::none_of(text.begin(), text.end(),
-                        [](char byte) { return (static_cast<unsigned char>(byte) & 0x80U) != 0; });
 }
 
 /// The permissions of a file that is about to be replaced belong to its successor.
@@ -247,14 +243,21 @@ void TextOutputStream::fail() const {
 }
 
 void TextOutputStream::WriteLine(std::string_view line) {
-    if (std::fwrite(line.data(), 1, line.size(), stream_.get()) != line.size() ||
-        std::fputc('\n', stream_.get()) == EOF)
+    buffer_ += line;
+    buffer_ += '\n';
+    if (buffer_.size() >= kWriteSize)
+        flush();
+}
+
+void TextOutputStream::flush() {
+    if (std::fwrite(buffer_.data(), 1, buffer_.size(), stream_.get()) != buffer_.size() ||
+        std::fflush(stream_.get()) != 0)
         fail();
+    buffer_.clear();
 }
 
 void TextOutputStream::Close() {
-    if (std::fflush(stream_.get()) != 0)
-        fail();
+    flush();
     std::error_code error;
     if (isReplacement())
         fs::rename(written_, file_, error);

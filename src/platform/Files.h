@@ -108,12 +108,14 @@ private:
     TextOutputStream(std::filesystem::path file, std::filesystem::path written, FileStream stream);
 
     [[noreturn]] void fail() const;
+    void flush();
 
     bool isReplacement() const { return written_ != file_; }
 
     std::filesystem::path file_;    ///< what the user named, links followed
     std::filesystem::path written_; ///< what is being written
     FileStream stream_;
+    std::string buffer_; ///< lines not handed to the system yet
 };
 
 } // namespace skyvert

@@ -1,8 +1,25 @@
 #include "platform/Unicode.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace skyvert {
+
+bool isAscii(std::string_view text) {
+    // Eight bytes at a time: this looks at every byte of every imported file.
+    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+    std::uint64_t seen = 0;
+    while (text.size() >= sizeof seen) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data(), sizeof word);
+        seen |= word;
+        text.remove_prefix(sizeof word);
+    }
+    for (const char byte : text)
+        seen |= static_cast<unsigned char>(byte);
+    return (seen & kHighBits) == 0;
+}
 
 void appendUtf8(char32_t point, std::string& out) {
     if (point < 0x80) {

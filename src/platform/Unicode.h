@@ -8,6 +8,9 @@ namespace skyvert {
 
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
+/// True when every byte is below 0x80.
+bool isAscii(std::string_view text);
+
 /// Appends a code point (at most U+10FFFF, no surrogate) as UTF-8.
 void appendUtf8(char32_t point, std::string& out);
 

@@ -1,6 +1,7 @@
 #include "shell/FormatSelector.h"
 
 #include "platform/Number.h"
+#include "platform/SettingGuard.h"
 #include "platform/Text.h"
 
 #include <array>
@@ -82,7 +83,7 @@ FormatSelector::FormatSelector(const ControlLayout& layout, const Locale& locale
     localised.Action = [this](CheckBox&) { controlChanged(); };
 }
 
-RADecFormat FormatSelector::format() const {
+const RADecFormat& FormatSelector::format() const {
     if (!read_)
         read_ = readControls();
     return *read_;
@@ -114,7 +115,7 @@ bool FormatSelector::ContainsSpaces() const {
 }
 
 void FormatSelector::DoExample() {
-    const RADecFormat shown = format();
+    const RADecFormat& shown = format();
     exampleRA.setText(shown.ExportRA(kExampleHours));
     exampleDec.setText(shown.ExportDec(kExampleDegrees));
 }
@@ -123,7 +124,7 @@ void FormatSelector::DoExample() {
 void FormatSelector::controlChanged() {
     read_.reset();
     if (!setting_ && FormatChanged)
-        FormatChanged(*this, format());
+        FormatChanged(*this, RADecFormat(format()));
     DoExample();
 }
 

@@ -20,9 +20,9 @@ public:
 
     void setTitle(std::string_view title) { gbox.setCaption(title); }
 
-    /// A new record of what the controls say. A notation or a number that no row shows reads as
-    /// the empty text or as 0.
-    RADecFormat format() const;
+    /// A record of what the controls say, valid until one of them changes: whoever keeps it takes a
+    /// copy. A notation or a number that no row shows reads as the empty text or as 0.
+    const RADecFormat& format() const;
 
     /// Moves the controls to a record; raises no `FormatChanged`.
     void setFormat(const RADecFormat& format);

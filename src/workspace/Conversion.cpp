@@ -12,8 +12,8 @@ constexpr Color kStripe{0xEFEFEF};
 } // namespace
 
 void MainWindow::ConvertCoordinates(std::string_view ra, std::string_view dec) {
-    const RADecFormat input = inFormat.format();
-    const RADecFormat output = outFormat.format();
+    const RADecFormat& input = inFormat.format();
+    const RADecFormat& output = outFormat.format();
     // Never read: what does not parse goes on as the number that the parser fell back on.
     std::string_view error;
     const double raValue = input.ImportRA(ra, error);
@@ -79,7 +79,7 @@ void MainWindow::inFormat_FormatChanged(FormatSelector& /*sender*/, const RADecF
 }
 
 void MainWindow::FormatChangeTimer_Action(Timer& /*sender*/) {
-    const RADecFormat format = inFormat.format();
+    const RADecFormat& format = inFormat.format();
     const bool masked = DataEntryMask.value();
     raManual.setMask(masked ? format.RAMask() : "");
     decManual.setMask(masked ? format.DecMask() : "");

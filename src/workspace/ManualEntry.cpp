@@ -48,7 +48,7 @@ bool MainWindow::wantsSign(const TextField& field) const {
 }
 
 void MainWindow::CheckManualData() {
-    const RADecFormat format = inFormat.format();
+    const RADecFormat& format = inFormat.format();
     std::string_view errorRA;
     std::string_view errorDec;
     format.ImportRA(raManual.text(), errorRA);
