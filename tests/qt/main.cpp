@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFont>
 #include <gtest/gtest.h>
 
 // Real widgets, but no screen: the tests run anywhere, and the same everywhere.
@@ -7,5 +8,8 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    QApplication::setStyle("Fusion");
+    QApplication::setFont(QFont("DejaVu Sans", 9));
+    QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();
 }

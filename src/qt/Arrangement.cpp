@@ -1,0 +1,281 @@
+#include "qt/Arrangement.h"
+
+#include "qt/ControlViews.h"
+#include "qt/ListboxView.h"
+
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace skyvert {
+
+namespace {
+
+constexpr int kSideMargin = 5; ///< makes 8 together with the frame of a group box
+constexpr int kTopMargin = 4;
+constexpr int kColumnGap = 6;
+constexpr int kRowGap = 4;
+constexpr int kTolerance = 4; ///< offsets up to this still count as one row or one column
+constexpr double kSmallestPointSize = 6.0;
+
+template <typename ControlType, typename View>
+QWidget* makeView(Control& control, const Desktop& desktop, QWidget* parent) {
+    auto* const typed = dynamic_cast<ControlType*>(&control);
+    return typed == nullptr ? nullptr : new View(*typed, desktop, parent);
+}
+
+constexpr std::array kMakers{
+    &makeView<Label, LabelView>,
+    &makeView<GroupBox, GroupBoxView>,
+    &makeView<PushButton, PushButtonView>,
+    &makeView<CheckBox, CheckBoxView>,
+    &makeView<TextField, TextFieldView>,
+    &makeView<PopupMenu, PopupMenuView>,
+    &makeView<DateControl, DateControlView>,
+    &makeView<Listbox, ListboxView>,
+    &makeView<ContainerControl, ContainerView>,
+};
+
+QWidget* makeAnyView(Control& control, const Desktop& desktop, QWidget* parent) {
+    for (const auto maker : kMakers) {
+        if (QWidget* const widget = maker(control, desktop, parent))
+            return widget;
+    }
+    throw std::logic_error("nothing shows the control " + control.name());
+}
+
+/// Where rows or columns begin, out of the offsets of all controls.
+std::vector<int> linesOf(std::vector<int> offsets) {
+    std::sort(offsets.begin(), offsets.end());
+    std::vector<int> lines;
+    for (const int offset : offsets) {
+        if (lines.empty() || offset - lines.back() > kTolerance)
+            lines.push_back(offset);
+    }
+    return lines;
+}
+
+/// The row or column that an offset falls into.
+int lineAt(const std::vector<int>& lines, int offset) {
+    return static_cast<int>(std::upper_bound(lines.begin(), lines.end(), offset) - lines.begin()) -
+           1;
+}
+
+/// The rows and columns of a group box, read off the layout table.
+class GroupGrid {
+public:
+    explicit GroupGrid(const ShownControl& group) : group_(group) {
+        std::vector<int> tops;
+        std::vector<int> lefts;
+        for (const ShownControl& member : group.members) {
+            tops.push_back(member.control->layout().top);
+            lefts.push_back(member.control->layout().left);
+        }
+        rows_ = linesOf(std::move(tops));
+        columns_ = linesOf(std::move(lefts));
+    }
+
+    int rowOf(const ShownControl& member) const {
+        return lineAt(rows_, member.control->layout().top);
+    }
+
+    void build() const {
+        auto* const grid = new QGridLayout(group_.widget);
+        grid->setContentsMargins(kSideMargin, kTopMargin, kSideMargin, kTopMargin);
+        grid->setHorizontalSpacing(kColumnGap);
+        grid->setVerticalSpacing(0);
+        for (const ShownControl& member : group_.members)
+            add(*grid, member);
+        shareWidth(*grid);
+        separateRows(*grid);
+    }
+
+private:
+    /// A control reaches over all columns that begin before its right edge. Every other line of
+    /// the grid is the gap below a row.
+    void add(QGridLayout& grid, const ShownControl& member) const {
+        const ControlLayout& layout = member.control->layout();
+        const int first = lineAt(columns_, layout.left);
+        const int last = lineAt(columns_, layout.left + layout.width - 1);
+        grid.addWidget(member.widget, 2 * rowOf(member), first, 1, last - first + 1);
+    }
+
+    /// Spare width goes to the columns in proportion to the table.
+    void shareWidth(QGridLayout& grid) const {
+        const ControlLayout& box = group_.control->layout();
+        for (std::size_t column = 0; column < columns_.size(); ++column) {
+            const int end = column + 1 < columns_.size() ? columns_[column + 1]
+                                                         : box.left + box.width - kColumnGap;
+            grid.setColumnStretch(static_cast<int>(column), end - columns_[column]);
+        }
+    }
+
+    /// Rows that the table sets closely, as lines of one text, stay so; others get the spare
+    /// height between them.
+    void separateRows(QGridLayout& grid) const {
+        for (std::size_t row = 0; row + 1 < rows_.size(); ++row) {
+            if (rows_[row + 1] - rows_[row] <= kLineOfText)
+                continue;
+            const int gap = static_cast<int>(2 * row + 1);
+            grid.setRowMinimumHeight(gap, kRowGap);
+            grid.setRowStretch(gap, 1);
+        }
+    }
+
+    static constexpr int kLineOfText = 18;
+
+    const ShownControl& group_;
+    std::vector<int> rows_;
+    std::vector<int> columns_;
+};
+
+bool needsName(const Control& control) {
+    return dynamic_cast<const TextField*>(&control) != nullptr ||
+           dynamic_cast<const PopupMenu*>(&control) != nullptr ||
+           dynamic_cast<const DateControl*>(&control) != nullptr;
+}
+
+/// The control next to the right of a label in its row; null at the end of the row.
+const ShownControl* nextInRow(const ShownControl& group, const GroupGrid& grid,
+                              const ShownControl& label) {
+    const ShownControl* next = nullptr;
+    for (const ShownControl& member : group.members) {
+        const int left = member.control->layout().left;
+        if (grid.rowOf(member) == grid.rowOf(label) && left > label.control->layout().left &&
+            (next == nullptr || left < next->control->layout().left))
+            next = &member;
+    }
+    return next;
+}
+
+/// Tells assistive technology which label names which control, and in which group: one window has
+/// several controls called "RA:".
+void nameMembers(const ShownControl& group, const GroupGrid& grid) {
+    for (const ShownControl& member : group.members) {
+        auto* const label = qobject_cast<QLabel*>(member.widget);
+        const ShownControl* const captioned = label ? nextInRow(group, grid, member) : nullptr;
+        if (captioned == nullptr || !needsName(*captioned->control))
+            continue;
+        label->setBuddy(captioned->widget);
+        const QString title = static_cast<const QGroupBox*>(group.widget)->title();
+        captioned->widget->setAccessibleName(title + ": " + label->text().remove(':'));
+    }
+}
+
+void arrangeGroup(const ShownControl& group) {
+    const GroupGrid grid(group);
+    grid.build();
+    nameMembers(group, grid);
+}
+
+/// The frame of a composite fills the composite's place.
+void fill(const ShownControl& composite) {
+    auto* const layout = new QVBoxLayout(composite.widget);
+    layout->setContentsMargins({});
+    for (const ShownControl& member : composite.members)
+        layout->addWidget(member.widget);
+}
+
+ShownControl* find(std::vector<ShownControl>& shown, std::string_view name) {
+    const auto found = std::find_if(shown.begin(), shown.end(), [name](const ShownControl& entry) {
+        return entry.control->name() == name;
+    });
+    return found == shown.end() ? nullptr : &*found;
+}
+
+void collectTabStops(std::vector<ShownControl> controls, std::vector<QWidget*>& stops) {
+    std::stable_sort(controls.begin(), controls.end(), [](const auto& left, const auto& right) {
+        return left.control->layout().tabIndex < right.control->layout().tabIndex;
+    });
+    for (const ShownControl& shown : controls) {
+        if (shown.widget->focusPolicy() & Qt::TabFocus)
+            stops.push_back(shown.widget);
+        collectTabStops(shown.members, stops);
+    }
+}
+
+/// Where a control stands once the window has grown by this much.
+QRect lockedGeometry(const ControlLayout& layout, QSize growth) {
+    QRect place(layout.left, layout.top, layout.width, layout.height);
+    if (layout.locks & kLockRight)
+        place.setRight(place.right() + growth.width());
+    if (!(layout.locks & kLockLeft))
+        place.setLeft(place.left() + growth.width());
+    if (layout.locks & kLockBottom)
+        place.setBottom(place.bottom() + growth.height());
+    if (!(layout.locks & kLockTop))
+        place.setTop(place.top() + growth.height());
+    return place;
+}
+
+/// A place that is too small for its widget grows around its centre: no other widget is that near.
+QRect grownTo(const QWidget& widget, const QRect& place) {
+    QRect grown({}, place.size().expandedTo(widget.minimumSizeHint()));
+    grown.moveCenter(place.center());
+    return grown;
+}
+
+} // namespace
+
+std::vector<ShownControl> showControls(const std::vector<Control*>& controls,
+                                       const Desktop& desktop, QWidget* parent) {
+    std::vector<ShownControl> shown;
+    for (Control* const control : controls) {
+        ShownControl* const group = find(shown, control->layout().parent);
+        QWidget* const around = group == nullptr ? parent : group->widget;
+        ShownControl entry{control, makeAnyView(*control, desktop, around), {}};
+        if (const auto* const composite = dynamic_cast<ContainerControl*>(control)) {
+            entry.members = showControls(composite->children(), desktop, entry.widget);
+            fill(entry);
+        }
+        (group == nullptr ? shown : group->members).push_back(std::move(entry));
+    }
+    for (const ShownControl& entry : shown) {
+        if (dynamic_cast<const GroupBox*>(entry.control) != nullptr)
+            arrangeGroup(entry);
+    }
+    return shown;
+}
+
+void orderTabStops(const std::vector<ShownControl>& controls) {
+    std::vector<QWidget*> stops;
+    collectTabStops(controls, stops);
+    for (std::size_t stop = 1; stop < stops.size(); ++stop)
+        QWidget::setTabOrder(stops[stop - 1], stops[stop]);
+}
+
+LockedPane::LockedPane(QSize designSize, QWidget* parent)
+    : QWidget(parent), designSize_(designSize) {}
+
+void LockedPane::place(std::vector<ShownControl> controls) {
+    controls_ = std::move(controls);
+}
+
+void LockedPane::fitFont() {
+    QFont smaller = font();
+    while (!fits() && smaller.pointSizeF() > kSmallestPointSize) {
+        smaller.setPointSizeF(smaller.pointSizeF() - 0.5);
+        setFont(smaller);
+    }
+}
+
+bool LockedPane::fits() const {
+    return std::all_of(controls_.begin(), controls_.end(), [](const ShownControl& shown) {
+        const QSize needed = shown.widget->minimumSizeHint();
+        const ControlLayout& layout = shown.control->layout();
+        return shown.members.empty() ||
+               (needed.width() <= layout.width && needed.height() <= layout.height);
+    });
+}
+
+void LockedPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    for (const ShownControl& shown : controls_) {
+        const QRect place = lockedGeometry(shown.control->layout(), size() - designSize_);
+        shown.widget->setGeometry(grownTo(*shown.widget, place));
+    }
+}
+
+} // namespace skyvert

@@ -1,0 +1,152 @@
+#pragma once
+
+#include "platform/Controls.h"
+#include "platform/Desktop.h"
+#include "qt/MaskedLineEdit.h"
+#include "qt/QtText.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QStringListModel>
+
+#include <functional>
+#include <utility>
+
+namespace skyvert {
+
+/// Mirrors what every kind of control has: whether it is enabled and visible, and its help tag.
+void mirrorControl(const Control& control, QWidget& widget);
+
+/// What the views have in common. A view is the widget itself: it pulls the control's state when
+/// it is told to, hands on what a person does, and knows no rule of the program.
+///
+/// The control and the desktop outlive the view.
+template <typename Widget, typename ControlType>
+class WidgetView : public Widget, public ControlView {
+public:
+    WidgetView(ControlType& control, const Desktop& desktop, QWidget* parent)
+        : Widget(parent), control_(control), desktop_(desktop) {
+        this->setObjectName(toQString(control.name()));
+        QSizePolicy policy = this->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        this->setSizePolicy(policy);
+    }
+
+    ~WidgetView() override { control_.setView(nullptr); }
+
+    void refresh() override {
+        mirrorControl(control_, *this);
+        mirror();
+    }
+
+    void takeFocus() override { this->setFocus(Qt::OtherFocusReason); }
+
+protected:
+    /// Pulls the state that this kind of control has of its own.
+    virtual void mirror() {}
+
+    /// Runs what a person has set off.
+    void act(const std::function<void()>& handler) { dispatch(desktop_.dialogs, handler); }
+
+    ControlType& control() { return control_; }
+
+    const ControlType& control() const { return control_; }
+
+    const Desktop& desktop() const { return desktop_; }
+
+private:
+    ControlType& control_;
+    const Desktop& desktop_;
+};
+
+class LabelView final : public WidgetView<QLabel, Label> {
+public:
+    LabelView(Label& control, const Desktop& desktop, QWidget* parent);
+
+protected:
+    void mirror() override;
+};
+
+class GroupBoxView final : public WidgetView<QGroupBox, GroupBox> {
+public:
+    GroupBoxView(GroupBox& control, const Desktop& desktop, QWidget* parent);
+
+protected:
+    void mirror() override;
+};
+
+class PushButtonView final : public WidgetView<QPushButton, PushButton> {
+public:
+    PushButtonView(PushButton& control, const Desktop& desktop, QWidget* parent);
+
+    /// As wide as the caption asks; a style's least width of a button is for rows of buttons.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void mirror() override;
+};
+
+class CheckBoxView final : public WidgetView<QCheckBox, CheckBox> {
+public:
+    CheckBoxView(CheckBox& control, const Desktop& desktop, QWidget* parent);
+
+protected:
+    void mirror() override;
+};
+
+class PopupMenuView final : public WidgetView<QComboBox, PopupMenu> {
+public:
+    PopupMenuView(PopupMenu& control, const Desktop& desktop, QWidget* parent);
+
+    /// Wide enough for the longest row.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void mirror() override;
+    /// The wheel scrolls what is around a popup, it never changes a choice by accident.
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QStringListModel* rows_;
+};
+
+/// Shows every day from 0100-01-01 to 9999-12-31, and the nearest of these for any other; such a
+/// stand-in is never handed to the control.
+class DateControlView final : public WidgetView<QDateEdit, DateControl> {
+public:
+    DateControlView(DateControl& control, const Desktop& desktop, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void mirror() override;
+
+private:
+    void take(QDate day);
+};
+
+class TextFieldView final : public WidgetView<MaskedLineEdit, TextField> {
+public:
+    TextFieldView(TextField& control, const Desktop& desktop, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void mirror() override;
+};
+
+/// The place of a control that is made of others.
+class ContainerView final : public WidgetView<QWidget, ContainerControl> {
+public:
+    ContainerView(ContainerControl& control, const Desktop& desktop, QWidget* parent);
+};
+
+} // namespace skyvert

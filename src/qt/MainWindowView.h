@@ -1,0 +1,46 @@
+#pragma once
+
+#include "qt/Arrangement.h"
+#include "workspace/MainWindow.h"
+
+#include <QMainWindow>
+
+namespace skyvert {
+
+/// Shows the main window: its menu bar, its controls, its place and its size.
+class MainWindowView final : public QMainWindow, public ControlView {
+public:
+    /// Makes the widgets of all controls. The window and the application outlive the view.
+    MainWindowView(MainWindow& window, const App& app);
+    ~MainWindowView() override;
+
+    /// Tells the window where it will stand by default, runs its open handlers, which may restore
+    /// another place, and shows it.
+    void open();
+
+    /// Closes whatever is open, dialogs and popups first, so that the program ends the orderly way
+    /// at whatever moment it is told to end.
+    void closeAll();
+
+    void refresh() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void addControls();
+    void pressDefaultButtonOnReturn();
+    void limitSize();
+    QPoint defaultPosition() const;
+    void reportPlace();
+    int menuBarHeight() const;
+
+    MainWindow& window_;
+    const Desktop& desktop_;
+    LockedPane* pane_;
+    bool reporting_ = false;
+};
+
+} // namespace skyvert

@@ -1,0 +1,142 @@
+#include "qt/MenuBarView.h"
+
+#include "qt/ListboxView.h"
+#include "qt/QtText.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+
+#include <algorithm>
+#include <array>
+
+namespace skyvert {
+
+namespace {
+
+/// What an Edit item does in a text field and in the list; a list knows only some of it.
+struct EditCommand {
+    MenuCommand command;
+    bool (*possible)(const QLineEdit&);
+    void (*inField)(QLineEdit&);
+    void (*inList)(ListboxView&);
+};
+
+bool hasSelection(const QLineEdit& field) {
+    return field.hasSelectedText();
+}
+
+/// Calls a slot by its name, so that a field with a slot of its own by that name runs that one.
+void callSlot(QLineEdit& field, const char* slot) {
+    QMetaObject::invokeMethod(&field, slot);
+}
+
+void pressDelete(QLineEdit& field) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QCoreApplication::sendEvent(&field, &press);
+}
+
+constexpr std::array<EditCommand, 6> kEditCommands{{
+    {MenuCommand::Undo, [](const QLineEdit& field) { return field.isUndoAvailable(); },
+     [](QLineEdit& field) { callSlot(field, "undo"); }, nullptr},
+    {MenuCommand::Cut, &hasSelection, [](QLineEdit& field) { callSlot(field, "cut"); }, nullptr},
+    {MenuCommand::Copy, &hasSelection, [](QLineEdit& field) { callSlot(field, "copy"); },
+     [](ListboxView& list) { list.copySelection(); }},
+    {MenuCommand::Paste,
+     [](const QLineEdit&) { return !QGuiApplication::clipboard()->text().isEmpty(); },
+     [](QLineEdit& field) { callSlot(field, "paste"); }, nullptr},
+    {MenuCommand::Delete, &hasSelection, &pressDelete, nullptr},
+    {MenuCommand::SelectAll, [](const QLineEdit& field) { return !field.text().isEmpty(); },
+     [](QLineEdit& field) { callSlot(field, "selectAll"); },
+     [](ListboxView& list) { list.selectAll(); }},
+}};
+
+const EditCommand* editCommand(MenuCommand command) {
+    const auto found = std::find_if(kEditCommands.begin(), kEditCommands.end(),
+                                    [command](const auto& row) { return row.command == command; });
+    return found == kEditCommands.end() ? nullptr : &*found;
+}
+
+/// The text field of a widget: itself, or the one inside a date field; null if it has none.
+QLineEdit* fieldOf(QWidget* widget) {
+    if (widget == nullptr)
+        return nullptr;
+    auto* const field = qobject_cast<QLineEdit*>(widget);
+    return field != nullptr || qobject_cast<QDateEdit*>(widget) == nullptr
+               ? field
+               : widget->findChild<QLineEdit*>();
+}
+
+bool isPossible(const EditCommand& command, QWidget* target) {
+    if (const QLineEdit* const field = fieldOf(target))
+        return command.possible(*field);
+    return command.inList != nullptr && dynamic_cast<ListboxView*>(target) != nullptr;
+}
+
+void perform(const EditCommand& command, QWidget* target) {
+    if (QLineEdit* const field = fieldOf(target))
+        command.inField(*field);
+    else if (auto* const list = dynamic_cast<ListboxView*>(target); list && command.inList)
+        command.inList(*list);
+}
+
+} // namespace
+
+MenuBarView::MenuBarView(const MainMenuBar& menus, QMenuBar& bar) : QObject(&bar), bar_(bar) {
+    for (const MenuItem& item : menus.items()) {
+        if (item.Parent.empty())
+            addMenu(item);
+        else
+            addItem(item);
+    }
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { focusMoved(now); });
+    updateEditItems();
+}
+
+void MenuBarView::addMenu(const MenuItem& item) {
+    QMenu* const menu = bar_.addMenu(toQString(item.Text));
+    menu->setObjectName(toQString(item.Name));
+    connect(menu, &QMenu::aboutToShow, this, [this] { updateEditItems(); });
+    menus_.push_back(menu);
+}
+
+/// The items of a menu follow it in the table.
+void MenuBarView::addItem(const MenuItem& item) {
+    if (item.isSeparator()) {
+        menus_.back()->addSeparator()->setObjectName(toQString(item.Name));
+        return;
+    }
+    QAction* const action = menus_.back()->addAction(toQString(item.Text));
+    action->setObjectName(toQString(item.Name));
+    // Qt's "Ctrl" is the Command key where a keyboard has one.
+    action->setShortcut(toQString(item.Shortcut).replace("Cmd", "Ctrl"));
+    action->setMenuRole(item.Command == MenuCommand::Quit ? QAction::QuitRole : QAction::NoRole);
+    connectCommand(*action, item.Command);
+}
+
+void MenuBarView::connectCommand(QAction& action, MenuCommand command) {
+    if (command == MenuCommand::Quit) {
+        connect(&action, &QAction::triggered, bar_.window(), &QWidget::close);
+    } else if (const EditCommand* const edit = editCommand(command)) {
+        editItems_.push_back({command, &action});
+        connect(&action, &QAction::triggered, this, [this, edit] { perform(*edit, target_); });
+    }
+}
+
+/// An open menu takes the focus, but what it acts on stays the widget that had it before.
+void MenuBarView::focusMoved(QWidget* now) {
+    if (now == nullptr || qobject_cast<QMenuBar*>(now) || qobject_cast<QMenu*>(now))
+        return;
+    target_ = now;
+    updateEditItems();
+}
+
+void MenuBarView::updateEditItems() {
+    for (const EditItem& item : editItems_)
+        item.action->setEnabled(isPossible(*editCommand(item.command), target_));
+}
+
+} // namespace skyvert

@@ -1,0 +1,38 @@
+#include "qt/QtTimers.h"
+
+#include <QTimer>
+
+#include <utility>
+
+namespace skyvert {
+
+namespace {
+
+class QtAlarm final : public Alarm {
+public:
+    explicit QtAlarm(QTimer* timer) : timer_(timer) {}
+
+    /// The timer may be in the middle of its signal, so it is left to the event loop.
+    ~QtAlarm() override {
+        timer_->stop();
+        timer_->deleteLater();
+    }
+
+private:
+    QTimer* timer_;
+};
+
+} // namespace
+
+std::unique_ptr<Alarm> QtScheduler::after(std::chrono::milliseconds delay,
+                                          std::function<void()> due) {
+    auto* const timer = new QTimer(&timers_);
+    timer->setSingleShot(true);
+    timer->setTimerType(Qt::PreciseTimer);
+    QObject::connect(timer, &QTimer::timeout, timer,
+                     [this, due = std::move(due)] { dispatch(dialogs_, due); });
+    timer->start(delay);
+    return std::make_unique<QtAlarm>(timer);
+}
+
+} // namespace skyvert

@@ -1,0 +1,83 @@
+#include "qt/MainWindowView.h"
+#include "qt/QtDialogs.h"
+#include "qt/QtText.h"
+#include "qt/QtTimers.h"
+#include "qt/UnixSignals.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QPalette>
+#include <QStandardPaths>
+#include <QStyleFactory>
+
+using namespace skyvert;
+
+namespace {
+
+/// The texts are black or red and every other row of the list is light grey, so the program needs
+/// light surroundings. Where the system's are dark it takes the style that can be told otherwise.
+void askForLightPalette() {
+    constexpr int kHalfway = 128;
+    if (QApplication::palette().color(QPalette::Base).lightness() >= kHalfway)
+        return;
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QPalette light(QColor(0xEF, 0xEF, 0xEF));
+    light.setColor(QPalette::Base, Qt::white);
+    light.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xDC));
+    light.setColor(QPalette::ToolTipText, Qt::black);
+    QApplication::setPalette(light);
+}
+
+Locale systemLocale() {
+    const QLocale system = QLocale::system();
+    return {.decimalPoint = toUtf8(system.decimalPoint()),
+            .groupSeparator = toUtf8(system.groupSeparator())};
+}
+
+/// The folder that holds the user's settings of all programs.
+std::filesystem::path applicationData() {
+#if defined(Q_OS_WIN)
+    return qEnvironmentVariable("APPDATA").toStdU16String();
+#elif defined(Q_OS_MACOS)
+    constexpr auto kLocation = QStandardPaths::GenericDataLocation;
+#else
+    constexpr auto kLocation = QStandardPaths::GenericConfigLocation;
+#endif
+#if !defined(Q_OS_WIN)
+    return toUtf8(QStandardPaths::writableLocation(kLocation));
+#endif
+}
+
+/// The window's life. Returns the exit code of the event loop.
+int runWindow(App& app) {
+    MainWindow window(app);
+    MainWindowView view(window, app);
+    const UnixSignals unixSignals([&view] { view.closeAll(); });
+    view.open();
+    const int code = QApplication::exec();
+    // Whatever ended the event loop: the close handlers have run when this is over.
+    view.close();
+    return code;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    askForLightPalette();
+
+    const Locale locale = systemLocale();
+    const SystemClock clock;
+    QtDialogs dialogs;
+    QtScheduler scheduler(dialogs);
+    const Desktop desktop{locale, clock, scheduler, dialogs};
+    App app(desktop, applicationData());
+    app.onQuit = [](int code) { QApplication::exit(code); };
+    QApplication::setApplicationName("Skyvert");
+    QApplication::setApplicationVersion(toQString(app.version().Version));
+
+    dispatch(dialogs, [&app] { app.Event_Open(); });
+    const int code = runWindow(app);
+    dispatch(dialogs, [&app] { app.Event_Close(); });
+    return code;
+}

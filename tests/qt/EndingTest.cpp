@@ -1,0 +1,95 @@
+#include "qt/QtDialogs.h"
+#include "qt/QtTimers.h"
+#include "qt/ShownWindow.h"
+#include "qt/UnixSignals.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QMessageBox>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace skyvert {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(Ending, QuitAndClosingRunTheCloseHandlersOnce) {
+    ShownWindow shown;
+    std::vector<int> codes;
+    shown.app.onQuit = [&](int code) { codes.push_back(code); };
+    shown.open();
+    shown.addRows(1);
+    shown.view.findChild<QAction*>("FileQuit")->trigger();
+    shown.view.close();
+    EXPECT_EQ(codes, std::vector<int>{0});
+    EXPECT_FALSE(shown.view.isVisible());
+    EXPECT_EQ(shown.app.prefs().Value("Contents.RA.0", std::string()).stringValue(), "12 30");
+}
+
+TEST(Ending, ADateThatIsStillBeingTypedIsTakenOver) {
+    ShownWindow shown;
+    shown.open();
+    QTest::keyClick(shown.find("toEpoch/epochPopup"), Qt::Key_End);
+    auto& date = *shown.find<QDateEdit>("toEpoch/epochDate");
+    date.setFocus();
+    date.setSelectedSection(QDateEdit::YearSection);
+    QTest::keyClicks(&date, "19910402");
+    shown.view.close();
+    EXPECT_EQ(shown.window.toEpoch.epochDate.dateValue().SQLDate(), "1991-04-02");
+}
+
+#ifdef Q_OS_UNIX
+/// Leaves something open that has an event loop of its own, or holds the mouse and the keyboard.
+struct OpenThing {
+    const char* what;
+    void (*open)(ShownWindow& shown);
+};
+
+TEST(Ending, ASignalEndsInOrderWhateverIsOpen) {
+    const OpenThing things[] = {
+        {"nothing", [](ShownWindow&) {}},
+        {"a message", [](ShownWindow&) { QtDialogs().MsgBox("<b>"); }},
+        {"a file dialog", [](ShownWindow&) { QtDialogs().GetOpenFolderItem({}); }},
+        {"a popup", [](ShownWindow& shown) { shown.find<QComboBox>("ListFormat")->showPopup(); }}};
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        for (const OpenThing& thing : things) {
+            SCOPED_TRACE(std::string(thing.what) + " " + std::to_string(signal));
+            ShownWindow shown;
+            int closings = 0;
+            shown.app.onQuit = [&](int code) {
+                ++closings;
+                QCoreApplication::exit(code);
+            };
+            const UnixSignals unixSignals([&] { shown.view.closeAll(); });
+            shown.open();
+            QTimer::singleShot(0, [&] { thing.open(shown); });
+            QTimer::singleShot(20ms, [&] { std::raise(signal); });
+            EXPECT_EQ(QCoreApplication::exec(), 0);
+            EXPECT_EQ(closings, 1);
+            EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        }
+    }
+}
+#endif
+
+TEST(QtTimers, AnAlarmRingsOnceUnlessItIsCalledOffAndMayGoWhileItRings) {
+    ScriptedDialogs dialogs;
+    QtScheduler scheduler(dialogs);
+    int rings = 0;
+    std::unique_ptr<Alarm> spent = scheduler.after(1ms, [&] {
+        spent.reset();
+        ++rings;
+        throw std::runtime_error("too late");
+    });
+    scheduler.after(1ms, [&] { rings += 100; });
+    EXPECT_EQ(rings, 0);
+    QTest::qWait(30);
+    EXPECT_EQ(rings, 1);
+    EXPECT_EQ(dialogs.messages, std::vector<std::string>{"too late"});
+}
+
+} // namespace
+} // namespace skyvert

@@ -1,0 +1,134 @@
+#include "qt/ShownWindow.h"
+
+#include <QAccessible>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
+#include <gtest/gtest.h>
+
+namespace skyvert {
+namespace {
+
+constexpr const char* kSelectors[] = {"fromEpoch", "toEpoch", "inFormat", "outFormat"};
+
+/// All widgets that show a control inside a group box.
+QList<QWidget*> groupMembers(QWidget& window) {
+    QList<QWidget*> members;
+    for (const QGroupBox* group : window.findChildren<QGroupBox*>())
+        members += group->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    return members;
+}
+
+TEST(Layout, NothingIsCutOffOrCoveredAtUsualFontSizes) {
+    const QFont usual = QApplication::font();
+    for (const int points : {9, 10, 11, 14}) {
+        SCOPED_TRACE(points);
+        QApplication::setFont(QFont("DejaVu Sans", points));
+        ShownWindow shown({",", "."});
+        shown.open();
+        for (const char* const selector : {"fromEpoch", "toEpoch"})
+            QTest::keyClick(shown.find(QString(selector) + "/epochPopup"), Qt::Key_End);
+        QCoreApplication::processEvents();
+        const QList<QWidget*> members = groupMembers(shown.view);
+        EXPECT_EQ(members.size(), 2 * 4 + 2 * 14 + 2 * 3 + 6);
+        for (const QWidget* widget : members) {
+            SCOPED_TRACE(toUtf8(widget->parentWidget()->parent()->objectName() + "/" +
+                                widget->objectName()));
+            EXPECT_GE(widget->width(), widget->minimumSizeHint().width());
+            EXPECT_GE(widget->height(), widget->minimumSizeHint().height());
+            EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()));
+            for (const QWidget* other : members) {
+                EXPECT_TRUE(other == widget || other->parent() != widget->parent() ||
+                            !other->geometry().intersects(widget->geometry()))
+                    << toUtf8(other->objectName());
+            }
+        }
+        EXPECT_EQ(shown.find("list")->font().pointSizeF() == points, points < 11);
+    }
+    QApplication::setFont(usual);
+}
+
+TEST(Layout, ATallerWindowStretchesTheListAndMovesWhatStandsBelow) {
+    ShownWindow shown;
+    shown.open();
+    const int menuBar = shown.view.menuBar()->height();
+    EXPECT_EQ(shown.view.size(), QSize(893, 550 + menuBar));
+    EXPECT_EQ(shown.find("list")->geometry(), QRect(20, 244, 853, 222));
+    shown.view.resize(893, 650 + menuBar);
+    EXPECT_EQ(shown.window.height(), 650);
+    EXPECT_EQ(shown.find("list")->geometry(), QRect(20, 244, 853, 322));
+    EXPECT_EQ(shown.find("GroupBox2")->geometry(), QRect(20, 571, 562, 59));
+    EXPECT_EQ(shown.find("ClearListButton")->geometry().center().y(), 587);
+    EXPECT_EQ(shown.find("inFormat")->geometry(), QRect(258, 14, 300, 158));
+    shown.view.resize(1000, 100);
+    EXPECT_EQ(shown.view.size(), QSize(893, 500 + menuBar));
+    EXPECT_EQ(shown.find("list")->height(), 172);
+}
+
+TEST(Layout, TheFocusGoesThroughTheControlsInTheirOrder) {
+    ShownWindow shown;
+    shown.open();
+    shown.window.ClearListButton.setEnabled(true);
+    shown.window.ManualEnterBtn.setEnabled(true);
+    QString order;
+    QWidget* at = shown.find("fromEpoch/epochPopup");
+    at->setFocus();
+    do {
+        order += QApplication::focusWidget()->objectName() + " ";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    } while (QApplication::focusWidget() != at && order.size() < 1000);
+    EXPECT_EQ(toUtf8(order),
+              "epochPopup epochPopup RAFormat DecFormat raDecimals decDecimals RAFormat DecFormat "
+              "raDecimals decDecimals list fileFormat FileImportBtn raManual decManual "
+              "ManualEnterBtn DataEntryMask ClearListButton ListFormat ExportListBtn ");
+}
+
+TEST(Layout, EveryControlHasANameForAssistiveTechnology) {
+    ShownWindow shown;
+    shown.open();
+    for (const QWidget* widget : shown.view.findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || widget->focusProxy() != nullptr ||
+            widget->objectName().startsWith("qt_") || !widget->isVisible())
+            continue;
+        SCOPED_TRACE(toUtf8(widget->objectName()) + " " + widget->metaObject()->className());
+        EXPECT_FALSE(QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget))
+                         ->text(QAccessible::Name)
+                         .isEmpty());
+    }
+    EXPECT_EQ(shown.find("raManual")->accessibleName(), "Manual Entry: RA");
+    EXPECT_EQ(shown.find("decManual")->accessibleName(), "Manual Entry: Dec");
+    EXPECT_EQ(shown.find("toEpoch/epochDate")->accessibleName(), "Output Epoch: Date");
+    EXPECT_EQ(shown.find<QLabel>("outFormat/decdecimalLabel")->buddy(),
+              shown.find("outFormat/decDecimals"));
+}
+
+TEST(Layout, AFirstStartStandsInTheCentreAndALaterOneWhereTheLastEnded) {
+    const auto store = [](ShownWindow& shown, const char* left, const char* height) {
+        shown.app.prefs().setValue("MWin.Left", std::string(left));
+        shown.app.prefs().setValue("MWin.Height", std::string(height));
+    };
+    ShownWindow first;
+    first.open();
+    const QPoint centre = QGuiApplication::primaryScreen()->availableGeometry().center();
+    EXPECT_NEAR(first.window.left() + 893 / 2, centre.x(), 1);
+    EXPECT_EQ(first.view.pos(), QPoint(first.window.left(), first.window.top()));
+    first.view.move(40, 60);
+    EXPECT_EQ(first.window.left(), 40);
+    EXPECT_EQ(first.window.top(), 60);
+
+    ShownWindow later;
+    store(later, "-5000", "707");
+    later.open();
+    EXPECT_EQ(later.view.x(), -5000);
+    EXPECT_EQ(later.view.centralWidget()->height(), 707);
+
+    ShownWindow broken;
+    store(broken, "nowhere", "99999999999999");
+    broken.open();
+    EXPECT_EQ(broken.view.x(), 0);
+    EXPECT_LE(broken.window.height(), 32000);
+}
+
+} // namespace
+} // namespace skyvert
