@@ -14,8 +14,6 @@ if(SKYVERT_SANITIZE)
   set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
   target_compile_definitions(skyvert_options INTERFACE _GLIBCXX_ASSERTIONS)
-  target_compile_options(skyvert_options INTERFACE ${sanitizers})
-  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_options(skyvert_options INTERFACE ${sanitizers}
     # GCC 12 takes the members of a moved-from std::variant for uninitialized under these.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)

@@ -9,6 +9,11 @@ namespace skyvert {
 /// The sides of the window to which a control keeps its distance as the window changes size.
 enum Lock : unsigned { kLockLeft = 1, kLockTop = 2, kLockRight = 4, kLockBottom = 8 };
 
+inline constexpr unsigned kLockTopLeft = kLockLeft | kLockTop;
+inline constexpr unsigned kLockBottomLeft = kLockLeft | kLockBottom;
+inline constexpr unsigned kLockAcross = kLockLeft | kLockTop | kLockRight;
+inline constexpr unsigned kLockAll = kLockLeft | kLockTop | kLockRight | kLockBottom;
+
 /// One row of a layout table: what a control is called and where it stands.
 /// Lengths are in points, with the origin at the top left of the window or of the composite.
 struct ControlLayout {
@@ -18,7 +23,7 @@ struct ControlLayout {
     int top = 0;
     int width = 0;
     int height = 0;
-    unsigned locks = kLockLeft | kLockTop;
+    unsigned locks = kLockTopLeft;
     int tabIndex = 0;           ///< order of the keyboard focus within the parent
     std::string_view text = {}; ///< caption, title or initial text
 };

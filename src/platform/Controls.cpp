@@ -76,7 +76,7 @@ void DateControl::setDateValue(const Date& date) {
         return;
     date_ = date;
     refreshView();
-    if (ValueChanged)
+    if (visible() && ValueChanged)
         ValueChanged(*this);
 }
 

@@ -123,6 +123,11 @@ public:
 
     const std::string& caption() const { return caption_; }
 
+    /// Whether Return presses the button, from wherever the focus is in an entry field.
+    bool isDefault() const { return default_; }
+
+    void setDefault(bool isDefault) { assign(default_, isDefault); }
+
     /// Presses the button; a disabled one does nothing.
     void press();
 
@@ -130,6 +135,7 @@ public:
 
 private:
     std::string caption_;
+    bool default_ = false;
 };
 
 /// A check box. `Action` runs for a change by the user and for a change by code.
@@ -229,7 +235,8 @@ public:
 
     const Date& dateValue() const { return date_; }
 
-    /// Sets the date; days are compared, not the time of day.
+    /// Sets the date; days are compared, not the time of day. A hidden control keeps the date for
+    /// later and tells nobody: what it holds is in force only while it is seen.
     void setDateValue(const Date& date);
 
     std::function<void(DateControl&)> ValueChanged;

@@ -24,7 +24,8 @@ struct Date {
     double TotalSeconds() const;
 
     /// Sets all six fields to the moment of that many seconds, a fraction of a second left out and
-    /// NaN being 0.    /// Adding 86400.0 gives the same clock time on the next calendar day.
+    /// NaN being 0.
+    /// Adding 86400.0 gives the same clock time on the next calendar day.
     void setTotalSeconds(double seconds);
 
     /// The calendar day as four, two and two digits, for instance "2000-01-01". A year that needs

@@ -30,6 +30,16 @@ FileStream openStream(const fs::path& file, const char* mode) {
 #endif
 }
 
+/// The file that a name stands for, links followed; a link may name a file yet to be made.
+fs::path linkTarget(const fs::path& file) {
+    std::error_code error;
+    fs::path target = fs::canonical(file, error);
+    if (!error)
+        return target;
+    target = fs::read_symlink(file, error);
+    return error ? file : file.parent_path() / target;
+}
+
 /// The permissions of a file that is about to be replaced belong to its successor.
 void copyPermissions(const fs::path& from, const fs::path& to) {
     std::error_code ignored;
@@ -41,8 +51,7 @@ void copyPermissions(const fs::path& from, const fs::path& to) {
 /// Opens a file that did not exist before, in the folder of `target`.
 std::pair<fs::path, FileStream> createBeside(const fs::path& target) {
     for (int attempt = 0;; ++attempt) {
-        fs::path path = target;
-        path += ".new" + std::to_string(attempt);
+        fs::path path = target.parent_path() / (".skyvert-" + std::to_string(attempt) + ".tmp");
         errno = 0;
         FileStream stream = openStream(path, "wbx");
         if (stream || errno != EEXIST)
@@ -209,29 +218,29 @@ TextOutputStream::TextOutputStream(fs::path file, fs::path written, FileStream s
     : file_(std::move(file)), written_(std::move(written)), stream_(std::move(stream)) {}
 
 TextOutputStream TextOutputStream::Create(const fs::path& file) {
-    std::error_code noSuchFile;
-    fs::path target = fs::canonical(file, noSuchFile);
-    if (noSuchFile)
-        target = file;
-    const fs::file_status status = fs::status(target, noSuchFile);
-    if (fs::is_directory(status))
-        throw FileError(file, "created", EISDIR);
-    if (fs::exists(status) && !fs::is_regular_file(status)) {
-        FileStream device = openStream(target, "wb");
-        if (!device)
-            throw FileError(file, "created", errno);
-        return {target, target, std::move(device)};
+    const fs::path target = linkTarget(file);
+    std::error_code ignored;
+    const fs::file_status status = fs::status(target, ignored);
+    if (fs::exists(status)) {
+        // A file that may not be written is not to be replaced either.
+        FileStream old = openStream(target, "r+b");
+        if (!old)
+            throw FileError(file, "written", errno);
+        if (!fs::is_regular_file(status))
+            return {target, target, std::move(old)};
     }
     auto [written, stream] = createBeside(target);
     if (!stream)
         throw FileError(file, "created", errno);
     copyPermissions(target, written);
-    return {std::move(target), std::move(written), std::move(stream)};
+    return {target, std::move(written), std::move(stream)};
 }
 
+TextOutputStream::TextOutputStream(TextOutputStream&& other) noexcept
+    : file_(std::exchange(other.file_, {})), written_(std::exchange(other.written_, {})),
+      stream_(std::move(other.stream_)), buffer_(std::move(other.buffer_)) {}
+
 TextOutputStream::~TextOutputStream() {
-    if (!stream_)
-        return;
     stream_.reset();
     std::error_code ignored;
     if (isReplacement())
@@ -258,12 +267,14 @@ void TextOutputStream::flush() {
 
 void TextOutputStream::Close() {
     flush();
+    if (std::fclose(stream_.release()) != 0)
+        fail();
     std::error_code error;
     if (isReplacement())
         fs::rename(written_, file_, error);
     if (error)
         throw FileError(file_, "written", error.value());
-    stream_.reset();
+    written_ = file_;
 }
 
 } // namespace skyvert

@@ -94,7 +94,7 @@ public:
     /// Starts a file, to replace whatever stands under the name. Throws `FileError`.
     static TextOutputStream Create(const std::filesystem::path& file);
 
-    TextOutputStream(TextOutputStream&&) = default;
+    TextOutputStream(TextOutputStream&& other) noexcept;
     TextOutputStream& operator=(TextOutputStream&&) = delete;
     ~TextOutputStream();
 
@@ -110,6 +110,7 @@ private:
     [[noreturn]] void fail() const;
     void flush();
 
+    /// Whether a new file has been begun that does not stand in its place yet.
     bool isReplacement() const { return written_ != file_; }
 
     std::filesystem::path file_;    ///< what the user named, links followed

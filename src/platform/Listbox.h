@@ -46,7 +46,7 @@ public:
 
     void DeleteAllRows();
 
-    /// A cell's text, valid until the rows are deleted. Throws `std::out_of_range`.
+    /// A cell's text, valid until rows are next added or deleted. Throws `std::out_of_range`.
     std::string_view Cell(std::int64_t row, std::int64_t column) const;
 
     /// A column's heading. Throws `std::out_of_range`.

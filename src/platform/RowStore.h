@@ -23,7 +23,7 @@ public:
     /// Appends a row; cells that are missing are empty, cells too many are dropped.
     void append(std::span<const std::string_view> cells);
 
-    /// A cell's text, valid until `clear`. Throws `std::out_of_range`.
+    /// A cell's text, valid until rows are next added or removed. Throws `std::out_of_range`.
     std::string_view cell(std::size_t row, std::size_t column) const;
 
     void clear();

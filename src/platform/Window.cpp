@@ -1,5 +1,6 @@
 #include "platform/Window.h"
 
+#include <exception>
 #include <utility>
 
 namespace skyvert {
@@ -10,8 +11,21 @@ void Window::setHeightRange(int minimum, int maximum) {
 }
 
 void Window::close() {
-    if (!std::exchange(closed_, true))
-        ContainerControl::close();
+    if (std::exchange(closed_, true))
+        return;
+    std::exception_ptr firstError;
+    const auto attempt = [&firstError](const auto& handler) {
+        try {
+            handler();
+        } catch (...) {
+            firstError = firstError ? firstError : std::current_exception();
+        }
+    };
+    for (Control* child : children())
+        attempt([child] { child->close(); });
+    attempt([this] { Control::close(); });
+    if (firstError)
+        std::rethrow_exception(firstError);
 }
 
 } // namespace skyvert

@@ -32,7 +32,8 @@ public:
 
     bool isClosed() const { return closed_; }
 
-    /// Runs the close handlers of the controls and then the window's own, once.
+    /// Runs the close handlers of the controls and then the window's own, once. An exception in
+    /// one of them keeps none of the others from running; the first is thrown at the end.
     void close() override;
 
 protected:

@@ -6,16 +6,13 @@ namespace skyvert {
 
 namespace {
 
-constexpr unsigned kAll = kLockLeft | kLockTop | kLockRight | kLockBottom;
-constexpr unsigned kCorner = kLockLeft | kLockTop;
-
 // clang-format off
 constexpr std::array<ControlLayout, 5> kLayout{{
-    {"gbox",       "",      0,  0, 226, 102, kAll,    0, "Untitled"},
-    {"epochLabel", "gbox", 20, 36,  42,  20, kCorner, 0, "Epoch:"},
-    {"epochPopup", "gbox", 74, 38, 134,  20, kCorner, 1, ""},
-    {"dateLabel",  "gbox", 20, 68,  42,  20, kCorner, 2, "Date:"},
-    {"epochDate",  "gbox", 74, 67, 134,  23, kCorner, 3, ""},
+    {"gbox",       "",      0,  0, 226, 102, kLockAll,     0, "Untitled"},
+    {"epochLabel", "gbox", 20, 36,  42,  20, kLockTopLeft, 0, "Epoch:"},
+    {"epochPopup", "gbox", 74, 38, 134,  20, kLockTopLeft, 1, ""},
+    {"dateLabel",  "gbox", 20, 68,  42,  20, kLockTopLeft, 2, "Date:"},
+    {"epochDate",  "gbox", 74, 67, 134,  23, kLockTopLeft, 3, ""},
 }};
 // clang-format on
 

@@ -14,27 +14,23 @@ constexpr double kExampleHours = 15.7851;
 constexpr double kExampleDegrees = 22.6751;
 constexpr int kMostDecimals = 8;
 
-constexpr unsigned kLockAll = kLockLeft | kLockTop | kLockRight | kLockBottom;
-constexpr unsigned kLockTopEdge = kLockLeft | kLockTop | kLockRight;
-constexpr unsigned kLockCorner = kLockLeft | kLockTop;
-
 // clang-format off
 constexpr std::array<ControlLayout, 15> kLayout{{
     {"gbox",            "",       0,   0, 306, 159, kLockAll,      0, "Input Format"},
-    {"raLabel",         "gbox",   8,  36,  31,  20, kLockCorner,   0, "RA:"},
-    {"RAFormat",        "gbox",  51,  38, 108,  20, kLockCorner,   1, ""},
-    {"decLabel",        "gbox",   8,  68,  31,  20, kLockCorner,   2, "Dec:"},
-    {"DecFormat",       "gbox",  51,  69, 108,  20, kLockCorner,   3, ""},
-    {"exampleRA",       "gbox", 110, 118, 188,  20, kLockTopEdge,  5, ""},
-    {"radecimalLabel",  "gbox", 171,  36,  61,  20, kLockCorner,   6, "Decimals:"},
-    {"raDecimals",      "gbox", 244,  38,  44,  20, kLockCorner,   7, ""},
-    {"localised",       "gbox",  51,  96, 235,  20, kLockCorner,   8, "Localised decimal point"},
-    {"decdecimalLabel", "gbox", 171,  67,  61,  20, kLockCorner,   9, "Decimals:"},
-    {"decDecimals",     "gbox", 244,  69,  44,  20, kLockCorner,  10, ""},
-    {"decLabel1",       "gbox",   8, 118,  58,  20, kLockCorner,  11, "Example:"},
-    {"exampleDec",      "gbox", 110, 134, 188,  20, kLockTopEdge, 12, ""},
-    {"decLabel11",      "gbox",  76, 118,  24,  20, kLockCorner,  13, "RA:"},
-    {"decLabel111",     "gbox",  76, 134,  25,  20, kLockCorner,  14, "Dec:"},
+    {"raLabel",         "gbox",   8,  36,  31,  20, kLockTopLeft,  0, "RA:"},
+    {"RAFormat",        "gbox",  51,  38, 108,  20, kLockTopLeft,  1, ""},
+    {"decLabel",        "gbox",   8,  68,  31,  20, kLockTopLeft,  2, "Dec:"},
+    {"DecFormat",       "gbox",  51,  69, 108,  20, kLockTopLeft,  3, ""},
+    {"exampleRA",       "gbox", 110, 118, 188,  20, kLockAcross,   5, ""},
+    {"radecimalLabel",  "gbox", 171,  36,  61,  20, kLockTopLeft,  6, "Decimals:"},
+    {"raDecimals",      "gbox", 244,  38,  44,  20, kLockTopLeft,  7, ""},
+    {"localised",       "gbox",  51,  96, 235,  20, kLockTopLeft,  8, "Localised decimal point"},
+    {"decdecimalLabel", "gbox", 171,  67,  61,  20, kLockTopLeft,  9, "Decimals:"},
+    {"decDecimals",     "gbox", 244,  69,  44,  20, kLockTopLeft, 10, ""},
+    {"decLabel1",       "gbox",   8, 118,  58,  20, kLockTopLeft, 11, "Example:"},
+    {"exampleDec",      "gbox", 110, 134, 188,  20, kLockAcross,  12, ""},
+    {"decLabel11",      "gbox",  76, 118,  24,  20, kLockTopLeft, 13, "RA:"},
+    {"decLabel111",     "gbox",  76, 134,  25,  20, kLockTopLeft, 14, "Dec:"},
 }};
 
 // clang-format on
@@ -95,8 +91,8 @@ RADecFormat FormatSelector::readControls() const {
     format.setDecFormat(DecFormat.value());
     if (localised.enabled())
         format.setLocalised(localised.value());
-    format.setRADecimals(static_cast<std::int64_t>(Val(raDecimals.value())));
-    format.setDecDecimals(static_cast<std::int64_t>(Val(decDecimals.value())));
+    format.setRADecimals(truncated(Val(raDecimals.value())));
+    format.setDecDecimals(truncated(Val(decDecimals.value())));
     return format;
 }
 

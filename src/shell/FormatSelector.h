@@ -65,6 +65,7 @@ private:
     const Locale& locale_;
     bool setting_ = false;
     /// What `readControls` gave, until a control changes: a long import asks for it at every row.
+    /// Whether `localised` is enabled is settled once, at the opening.
     mutable std::optional<RADecFormat> read_;
 };
 

@@ -20,26 +20,13 @@ void MainWindow::ConvertCoordinates(std::string_view ra, std::string_view dec) {
     const double decValue = input.ImportDec(dec, error);
     const Pair result = precession().convert({raValue, decValue});
 
-    cells_.clear();
-    std::array<std::size_t, 4> ends{};
-    input.appendRA(raValue, cells_);
-    ends[0] = cells_.size();
-    input.appendDec(decValue, cells_);
-    ends[1] = cells_.size();
-    output.appendRA(result.Left, cells_);
-    ends[2] = cells_.size();
-    output.appendDec(result.Right, cells_);
-    ends[3] = cells_.size();
-    addRow(ends);
-}
-
-/// Adds the row whose cells stand in `cells_` and end at `ends`, and selects it.
-void MainWindow::addRow(const std::array<std::size_t, 4>& ends) {
-    const std::string_view text = cells_;
-    const std::array<std::string_view, 4> row{
-        text.substr(0, ends[0]), text.substr(ends[0], ends[1] - ends[0]),
-        text.substr(ends[1], ends[2] - ends[1]), text.substr(ends[2])};
-    list.AddRow(row);
+    for (std::string& cell : cells_)
+        cell.clear();
+    input.appendRA(raValue, cells_[0]);
+    input.appendDec(decValue, cells_[1]);
+    output.appendRA(result.Left, cells_[2]);
+    output.appendDec(result.Right, cells_[3]);
+    list.AddRow(std::array<std::string_view, 4>{cells_[0], cells_[1], cells_[2], cells_[3]});
     list.setListIndex(list.LastIndex());
     ClearListButton.setEnabled(true);
 }

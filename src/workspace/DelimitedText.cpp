@@ -14,23 +14,9 @@ constexpr char kSpace = ' ';
 constexpr char kComma = ',';
 constexpr char kQuote = '"';
 
-struct DialectRow {
-    std::string_view name;
-    Dialect dialect;
-};
-
-constexpr std::array<DialectRow, 3> kDialects{{
-    {"Tab-separated", Dialect::Tab},
-    {"Comma-separated", Dialect::Comma},
-    {"Space-separated", Dialect::Space},
-}};
-
-constexpr auto kDialectNames = [] {
-    std::array<std::string_view, kDialects.size()> names{};
-    std::transform(kDialects.begin(), kDialects.end(), names.begin(),
-                   [](const DialectRow& row) { return row.name; });
-    return names;
-}();
+/// In the order of `Dialect`, `None` left out.
+constexpr std::array<std::string_view, 3> kDialectNames{"Tab-separated", "Comma-separated",
+                                                        "Space-separated"};
 
 /// Appends a field with every double quote doubled.
 void appendDoubled(std::string_view field, std::string& line) {
@@ -50,15 +36,6 @@ void appendCommaField(std::string_view field, bool quoteAll, std::string& line) 
         line += kQuote;
 }
 
-void appendCommaSeparated(std::span<const std::string_view> fields, bool quoteAll,
-                          std::string& line) {
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (i > 0)
-            line += kComma;
-        appendCommaField(fields[i], quoteAll, line);
-    }
-}
-
 void appendJoined(std::span<const std::string_view> fields, char separator, std::string& line) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0)
@@ -70,9 +47,9 @@ void appendJoined(std::span<const std::string_view> fields, char separator, std:
 } // namespace
 
 Dialect dialectNamed(std::string_view name) {
-    for (const DialectRow& row : kDialects) {
-        if (equalsIgnoringCase(row.name, name))
-            return row.dialect;
+    for (std::size_t i = 0; i < kDialectNames.size(); ++i) {
+        if (equalsIgnoringCase(kDialectNames[i], name))
+            return static_cast<Dialect>(i + 1);
     }
     return Dialect::None;
 }
@@ -81,7 +58,7 @@ std::span<const std::string_view> dialectNames() {
     return kDialectNames;
 }
 
-std::span<const std::string> CommaSeparatedScanner::scan(std::string_view line) {
+std::span<const std::string> CommaSeparatedText::SplitCommaSeparated(std::string_view line) {
     // Deliberately blind to letter case: a line that differs from the last one in nothing else
     // yields the last one's fields.
     if (!equalsIgnoringCase(line, nCommaLast_)) {
@@ -95,7 +72,7 @@ std::span<const std::string> CommaSeparatedScanner::scan(std::string_view line) 
 }
 
 /// The next field to fill: one of an earlier line where there is one, for its room.
-std::string& CommaSeparatedScanner::addField() {
+std::string& CommaSeparatedText::addField() {
     if (count_ == nComma_.size())
         nComma_.emplace_back();
     std::string& field = nComma_[count_++];
@@ -104,7 +81,7 @@ std::string& CommaSeparatedScanner::addField() {
 }
 
 /// Reads a field from behind its opening quote; returns what stands behind the field.
-std::string_view CommaSeparatedScanner::scanQuoted(std::string_view rest) {
+std::string_view CommaSeparatedText::scanQuoted(std::string_view rest) {
     std::string& field = addField();
     for (;;) {
         const std::size_t quote = rest.find(kQuote);
@@ -122,7 +99,7 @@ std::string_view CommaSeparatedScanner::scanQuoted(std::string_view rest) {
 }
 
 /// Reads a field up to the next comma; returns what stands behind the field.
-std::string_view CommaSeparatedScanner::scanPlain(std::string_view rest) {
+std::string_view CommaSeparatedText::scanPlain(std::string_view rest) {
     const std::size_t comma = rest.find(kComma);
     addField() = Trim(rest.substr(0, comma));
     return comma == std::string_view::npos ? std::string_view() : Trim(rest.substr(comma + 1));
@@ -140,7 +117,7 @@ std::span<const std::string_view> LineSplitter::split(std::string_view line, Dia
         Split(halved_, kSpace, fields_);
         break;
     case Dialect::Comma:
-        for (const std::string& field : comma_.scan(line))
+        for (const std::string& field : comma_.SplitCommaSeparated(line))
             fields_.emplace_back(field);
         break;
     case Dialect::None:
@@ -149,10 +126,13 @@ std::span<const std::string_view> LineSplitter::split(std::string_view line, Dia
     return fields_;
 }
 
-std::string JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll) {
-    std::string line;
-    appendCommaSeparated(fields, quoteAll, line);
-    return line;
+void JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll,
+                        std::string& line) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i > 0)
+            line += kComma;
+        appendCommaField(fields[i], quoteAll, line);
+    }
 }
 
 void appendRecord(std::span<const std::string_view> fields, Dialect dialect, std::string& line) {
@@ -164,7 +144,7 @@ void appendRecord(std::span<const std::string_view> fields, Dialect dialect, std
         appendJoined(fields, kSpace, line);
         break;
     case Dialect::Comma:
-        appendCommaSeparated(fields, false, line);
+        JoinCommaSeparated(fields, false, line);
         break;
     case Dialect::None:
         break;

@@ -8,7 +8,7 @@
 namespace skyvert {
 
 /// How the fields of a record stand in one line of a delimited text file.
-enum class Dialect { None, Tab, Space, Comma };
+enum class Dialect { None, Tab, Comma, Space };
 
 /// The dialect that a popup's row names, ignoring letter case; `None` for any other text.
 Dialect dialectNamed(std::string_view name);
@@ -19,14 +19,14 @@ std::span<const std::string_view> dialectNames();
 /// Splits lines of comma-separated text. Keeps the fields of the last line, so that a line equal
 /// to the one before, ignoring letter case, is not scanned again, and so that the room of the
 /// fields is used again and again.
-class CommaSeparatedScanner {
+class CommaSeparatedText {
 public:
     /// The fields of a line, valid until the next call.
     ///
     /// A field in double quotes may hold commas, blanks and doubled quotes. Any other field runs
     /// to the next comma and is trimmed. Broken quoting is no error: a missing closing quote ends
     /// the field with the line, and text behind a closing quote starts the next field.
-    std::span<const std::string> scan(std::string_view line);
+    std::span<const std::string> SplitCommaSeparated(std::string_view line);
 
 private:
     std::string& addField();
@@ -45,17 +45,15 @@ public:
     /// The fields of a line, valid until the next call; none for `Dialect::None`.
     std::span<const std::string_view> split(std::string_view line, Dialect dialect);
 
-    CommaSeparatedScanner& commaScanner() { return comma_; }
-
 private:
     std::vector<std::string_view> fields_;
     std::string halved_;
-    CommaSeparatedScanner comma_;
+    CommaSeparatedText comma_;
 };
 
-/// One record as a line of comma-separated text, without a line end: a field is quoted if
-/// `quoteAll`, or if it holds a comma or a double quote; double quotes inside are doubled.
-std::string JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll);
+/// Appends a record as comma-separated text to `line`: a field is quoted if `quoteAll`, or if it
+/// holds a comma or a double quote; double quotes inside are doubled.
+void JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll, std::string& line);
 
 /// Appends a record in a dialect to `line`; nothing for `Dialect::None`.
 void appendRecord(std::span<const std::string_view> fields, Dialect dialect, std::string& line);

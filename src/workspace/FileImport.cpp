@@ -1,16 +1,18 @@
 #include "notation/LookAlikes.h"
 #include "platform/Files.h"
+#include "platform/Text.h"
 #include "shell/FileTypes.h"
 #include "workspace/MainWindow.h"
+
+#include <span>
 
 namespace skyvert {
 
 namespace {
 
-/// A line that holds no position: nothing but one empty or blank field, or no field at all.
+/// A line that holds no position: nothing but one blank field, or no field at all.
 bool isBlank(std::span<const std::string_view> fields) {
-    return fields.empty() ||
-           (fields.size() == 1 && fields[0].find_first_not_of(" \t") == std::string_view::npos);
+    return fields.empty() || (fields.size() == 1 && Trim(fields[0]).empty());
 }
 
 } // namespace
@@ -19,7 +21,7 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
     if (refusesSpaces(fileFormat, inFormat))
         return;
     const auto file = app_.desktop().dialogs.GetOpenFolderItem(FileTypes::Any);
-    if (!file)
+    if (!file || isClosed())
         return;
     TextInputStream stream = TextInputStream::Open(*file);
     while (!stream.endOfFile())
@@ -29,10 +31,11 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
 
 /// Adds the position in one line of a file; what stands behind the second field is ignored.
 void MainWindow::importLine(std::string_view line) {
-    const auto fields =
-        lines_.split(FoldLookAlikes(line, foldedLine_), dialectNamed(fileFormat.value()));
-    if (!isBlank(fields))
-        ConvertCoordinates(fields[0], fields.size() > 1 ? fields[1] : std::string_view());
+    const auto fields = lines_.split(line, dialectNamed(fileFormat.value()));
+    if (isBlank(fields))
+        return;
+    const std::string_view dec = fields.size() > 1 ? fields[1] : std::string_view();
+    ConvertCoordinates(FoldLookAlikes(fields[0], foldedRA_), FoldLookAlikes(dec, foldedDec_));
 }
 
 /// Tells the user when a popup's dialect separates by the very blanks that the notations hold.

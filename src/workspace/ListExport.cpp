@@ -8,7 +8,7 @@ void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
     if (refusesSpaces(ListFormat, outFormat))
         return;
     const auto file = app_.desktop().dialogs.GetSaveFolderItem(FileTypes::Text, "list.txt");
-    if (!file)
+    if (!file || isClosed())
         return;
     TextOutputStream stream = TextOutputStream::Create(*file);
     for (std::int64_t row = -1; row < list.RowCount(); ++row)
@@ -26,9 +26,9 @@ void MainWindow::exportRow(std::int64_t row, TextOutputStream& stream) {
     const Dialect dialect = dialectNamed(ListFormat.value());
     if (dialect == Dialect::None)
         return;
-    cells_.clear();
-    appendRecord(fields, dialect, cells_);
-    stream.WriteLine(cells_);
+    exportLine_.clear();
+    appendRecord(fields, dialect, exportLine_);
+    stream.WriteLine(exportLine_);
 }
 
 } // namespace skyvert

@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const ControlLayout& row(std::string_view name) {
+const ControlLayout& layoutRow(std::string_view name) {
     return layoutOf(mainWindowLayout(), name);
 }
 
@@ -21,20 +21,21 @@ void addDialects(Popup& popup) {
 } // namespace
 
 MainWindow::MainWindow(App& app)
-    : Window(row("MainWindow")),
-      fromEpoch(row("fromEpoch"), app.desktop().clock, app.desktop().locale),
-      toEpoch(row("toEpoch"), app.desktop().clock, app.desktop().locale),
-      inFormat(row("inFormat"), app.desktop().locale),
-      outFormat(row("outFormat"), app.desktop().locale),
-      list(row("list"), {"Input RA", "Input Dec", "Output RA", "Output Dec"}),
-      GroupBox1(row("GroupBox1")), Label1(row("Label1")), fileFormat(row("fileFormat")),
-      FileImportBtn(row("FileImportBtn")), GroupBox2(row("GroupBox2")), Label2(row("Label2")),
-      Label3(row("Label3")), raManual(row("raManual")), decManual(row("decManual")),
-      ManualEnterBtn(row("ManualEnterBtn")), DataEntryMask(row("DataEntryMask")),
-      ClearListButton(row("ClearListButton")), GroupBox3(row("GroupBox3")), Label4(row("Label4")),
-      ListFormat(row("ListFormat")), ExportListBtn(row("ExportListBtn")),
-      FormatChangeTimer(app.desktop().scheduler, 10ms), OpenTimer(app.desktop().scheduler, 500ms),
-      app_(app) {
+    : Window(layoutRow("MainWindow")),
+      fromEpoch(layoutRow("fromEpoch"), app.desktop().clock, app.desktop().locale),
+      toEpoch(layoutRow("toEpoch"), app.desktop().clock, app.desktop().locale),
+      inFormat(layoutRow("inFormat"), app.desktop().locale),
+      outFormat(layoutRow("outFormat"), app.desktop().locale),
+      list(layoutRow("list"), {"Input RA", "Input Dec", "Output RA", "Output Dec"}),
+      GroupBox1(layoutRow("GroupBox1")), Label1(layoutRow("Label1")),
+      fileFormat(layoutRow("fileFormat")), FileImportBtn(layoutRow("FileImportBtn")),
+      GroupBox2(layoutRow("GroupBox2")), Label2(layoutRow("Label2")), Label3(layoutRow("Label3")),
+      raManual(layoutRow("raManual")), decManual(layoutRow("decManual")),
+      ManualEnterBtn(layoutRow("ManualEnterBtn")), DataEntryMask(layoutRow("DataEntryMask")),
+      ClearListButton(layoutRow("ClearListButton")), GroupBox3(layoutRow("GroupBox3")),
+      Label4(layoutRow("Label4")), ListFormat(layoutRow("ListFormat")),
+      ExportListBtn(layoutRow("ExportListBtn")), FormatChangeTimer(app.desktop().scheduler, 10ms),
+      OpenTimer(app.desktop().scheduler, 500ms), app_(app) {
     setHeightRange(kMainWindowMinimumHeight, kMainWindowMaximumHeight);
     setChildren({&fromEpoch,     &toEpoch,         &inFormat,   &outFormat,     &list,
                  &GroupBox1,     &Label1,          &fileFormat, &FileImportBtn, &GroupBox2,
@@ -43,6 +44,7 @@ MainWindow::MainWindow(App& app)
                  &ExportListBtn});
     addDialects(fileFormat);
     addDialects(ListFormat);
+    ManualEnterBtn.setDefault(true);
     ManualEnterBtn.setEnabled(false);
     ClearListButton.setEnabled(false);
     wireHandlers();
@@ -92,11 +94,6 @@ void MainWindow::wireHandlers() {
     DataEntryMask.Close = [this] { DataEntryMask_Close(DataEntryMask); };
     ListFormat.Close = [this] { ListFormat_Close(ListFormat); };
     Close = [this] { Event_Close(); };
-}
-
-std::vector<std::string> MainWindow::SplitCommaSeparated(std::string_view line) {
-    const auto fields = lines_.commaScanner().scan(line);
-    return {fields.begin(), fields.end()};
 }
 
 } // namespace skyvert

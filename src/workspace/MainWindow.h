@@ -42,10 +42,6 @@ public:
     void FormatChangeTimer_Action(Timer& sender);
     bool list_CellBackgroundPaint(Graphics& graphics, std::int64_t row, std::int64_t column) const;
 
-    // Delimited text
-    /// The fields of one line, see `CommaSeparatedScanner`.
-    std::vector<std::string> SplitCommaSeparated(std::string_view line);
-
     // Import and export
     void FileImportBtn_Action(PushButton& sender);
     void ExportListBtn_Action(PushButton& sender);
@@ -121,11 +117,11 @@ private:
     Preferences& prefs() { return app_.prefs(); }
 
     const Precession& precession();
-    void addRow(const std::array<std::size_t, 4>& ends);
     void importLine(std::string_view line);
     void exportRow(std::int64_t row, TextOutputStream& stream);
     bool refusesSpaces(const Popup& dialect, const FormatSelector& format);
     bool wantsSign(const TextField& field) const;
+    void restoreRowsIfDue();
     void restoreEpoch(EpochSelector& selector, std::string_view key);
     void restoreFormat(FormatSelector& selector, std::string_view key, std::string_view standard);
 
@@ -133,8 +129,11 @@ private:
     LineSplitter lines_;
     std::optional<Precession> precession_;
     EpochPair precessionEpochs_; ///< what `precession_` was made for
-    std::string foldedLine_;     ///< the imported line, if a character in it had to be replaced
-    std::string cells_;          ///< room for the texts of one row, kept from row to row
+    // Room for texts, kept from row to row
+    std::array<std::string, 4> cells_;
+    std::string foldedRA_;
+    std::string foldedDec_;
+    std::string exportLine_;
 };
 
 } // namespace skyvert

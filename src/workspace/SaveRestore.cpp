@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <stdexcept>
 
 namespace skyvert {
 
@@ -16,6 +17,9 @@ constexpr std::string_view kDefaultDialect = "Tab-separated";
 constexpr std::string_view kRowCountKey = "nContents";
 constexpr std::string_view kRightAscensionKey = "Contents.RA.";
 constexpr std::string_view kDeclinationKey = "Contents.Dec.";
+
+/// More rows than a list can have had: a number beyond it has been damaged and counts as missing.
+constexpr std::int64_t kMostRows = 100'000'000;
 
 /// The key of one stored cell: a prefix and the row's number. Keeps its room from row to row.
 class RowKey {
@@ -61,10 +65,21 @@ void MainWindow::Event_Open() {
 }
 
 void MainWindow::Event_Close() {
+    restoreRowsIfDue();
     for (const auto& [key, get, set] : kGeometryKeys)
         prefs().setValue(key, std::to_string((this->*get)()));
     SaveContents();
     app_.Quit(0);
+}
+
+/// A window that closes before its stored rows have come back would store an empty list in their
+/// place: it lets them come first. Nothing falls due behind this.
+void MainWindow::restoreRowsIfDue() {
+    FormatChangeTimer.setMode(Timer::Mode::Off);
+    if (OpenTimer.mode() == Timer::Mode::Off)
+        return;
+    OpenTimer.setMode(Timer::Mode::Off);
+    LoadContents();
 }
 
 void MainWindow::SaveContents() {
@@ -83,7 +98,8 @@ void MainWindow::OpenTimer_Action(Timer& /*sender*/) {
 
 void MainWindow::LoadContents() {
     list.DeleteAllRows();
-    const std::int64_t count = prefs().Value(kRowCountKey, std::int64_t{0}).integerValue();
+    const std::int64_t stored = prefs().Value(kRowCountKey, std::int64_t{0}).integerValue();
+    const std::int64_t count = stored <= kMostRows ? stored : 0;
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
     for (std::int64_t row = 0; row < count; ++row) {

@@ -92,7 +92,7 @@ TEST(TextFiles, RefusalsNameTheFileAndTheReason) {
     EXPECT_EQ(messageOf([&] { TextOutputStream::Create(folder / "none/list.txt"); }),
               name + "/none/list.txt\" could not be created: No such file or directory.");
     EXPECT_EQ(messageOf([&] { TextOutputStream::Create(folder.path()); }),
-              name + "\" could not be created: Is a directory.");
+              name + "\" could not be written: Is a directory.");
 }
 
 TEST(TextOutputStream, ReplacesTheOldFileOnlyWhenClosed) {
