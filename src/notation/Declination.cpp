@@ -4,6 +4,10 @@
 #include "notation/RADecFormat.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+
 namespace skyvert {
 
 namespace {
@@ -19,29 +23,30 @@ std::string_view checkFields(const Fields& fields) {
     return {};
 }
 
+/// Half of all positions have either sign, and no processor guesses it: it is looked up.
+constexpr std::array<char, 2> kSigns{'+', '-'};
+constexpr std::array<double, 2> kFactors{1.0, -1.0};
+
 } // namespace
 
-void RADecFormat::appendDec(double degrees, std::string& out) const {
-    // The sign is that of the whole value, so that a first field of zero does not lose it.
-    const bool negative = 0.0 > degrees;
+char* RADecFormat::writeDec(double degrees, char* to) const {
     if (decNotation_ == nullptr)
-        out += kUnknownFormat;
-    else if (decNotation_->showsSign)
-        appendFields(*decNotation_, negative ? "-" : "+", negative ? -degrees : degrees,
-                     DecDecimals_, out);
-    else
-        appendFields(*decNotation_, {}, degrees, DecDecimals_, out);
+        return std::copy(kUnknownFormat.begin(), kUnknownFormat.end(), to);
+    if (!decNotation_->showsSign)
+        return writeFields(to, *decNotation_, degrees, DecDecimals_);
+    // The sign is that of the whole value, so that a first field of zero does not lose it.
+    *to++ = kSigns[0.0 > degrees ? 1 : 0];
+    return writeFields(to, *decNotation_, std::fabs(degrees), DecDecimals_);
 }
 
 std::string RADecFormat::ExportDec(double degrees) const {
-    std::string text;
-    appendDec(degrees, text);
-    return text;
+    std::array<char, kMaxText> text;
+    return std::string(text.data(), writeDec(degrees, text.data()));
 }
 
 double RADecFormat::ImportDec(std::string_view text, std::string_view& error) const {
     error = {};
-    if (Trim(text).empty()) {
+    if (isBlank(text)) {
         error = kNoData;
         return 0.0;
     }
@@ -50,12 +55,12 @@ double RADecFormat::ImportDec(std::string_view text, std::string_view& error) co
         return kValueOfBadFormat;
     }
     const bool negative = text.front() == '-';
-    if (negative || text.front() == '+')
-        text.remove_prefix(1);
+    text.remove_prefix(static_cast<std::size_t>(negative) |
+                       static_cast<std::size_t>(text.front() == '+'));
     const Fields fields = cutFields(text, *decNotation_, *this);
     error = checkFields(fields);
     const double magnitude = (fields.minutes / 60.0 + fields.first) + fields.seconds / 3600.0;
-    const double degrees = magnitude * (negative ? -1.0 : 1.0);
+    const double degrees = magnitude * kFactors[negative ? 1 : 0];
     if (error.empty() && (-90.0 > degrees || degrees > 90.0))
         error = "Value must be between -90 and +90 degrees";
     return degrees;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -15,6 +17,19 @@ enum class Cutting {
     Columns, ///< by column; the last field takes the rest
 };
 
+/// What stands between two fields or closes the last one: at most one character of two bytes, kept
+/// so that it is written and compared without a loop.
+struct Mark {
+    constexpr Mark() = default;
+
+    constexpr Mark(const char* text) : size(std::string_view(text).size()) { // NOLINT(*-explicit-*)
+        std::string_view(text).copy(bytes.data(), bytes.size());
+    }
+
+    std::array<char, 2> bytes{};
+    std::size_t size = 0;
+};
+
 /// All that is to be known of one notation.
 struct Notation {
     std::string_view name;
@@ -22,9 +37,9 @@ struct Notation {
     bool showsSign;  ///< of declination: "+" or "-" in front
     int fields;      ///< 1, 2 or 3; the last one carries the decimals
     int firstDigits; ///< least number of digits of the first field
-    std::string_view firstSeparator;
-    std::string_view secondSeparator;
-    std::string_view closingMark;
+    Mark firstSeparator;
+    Mark secondSeparator;
+    Mark closingMark;
     Cutting cutting;
     std::string_view mask; ///< for the entry field, with the locale's decimal separator
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Locale.h"
+#include "platform/Number.h"
 
 #include <cstdint>
 #include <string>
@@ -76,9 +77,13 @@ public:
     /// sign. Negative zero counts as positive. Otherwise like `ExportRA`.
     std::string ExportDec(double degrees) const;
 
-    /// `ExportRA` and `ExportDec` to the end of a text.
-    void appendRA(double hours, std::string& out) const;
-    void appendDec(double degrees, std::string& out) const;
+    /// Room for whatever `writeRA` and `writeDec` write.
+    static constexpr std::size_t kMaxText = 3 * kMaxFixedText + 16;
+
+    /// `ExportRA` and `ExportDec` to a buffer, where `kMaxText` bytes are free. Returned: the end
+    /// of what was written. Bytes behind it may have changed too.
+    char* writeRA(double hours, char* to) const;
+    char* writeDec(double degrees, char* to) const;
 
     /// Reads a right ascension. Returned: hours, and in `error` a message for the user, empty when
     /// the text gave a right ascension of at least 0 and below 24 hours. Beside a message about a
@@ -107,8 +112,8 @@ public:
 private:
     std::string_view pointForOutput() const;
     char* writeDouble(char* to, double value, std::int64_t decimals, int width) const;
-    void appendFields(const Notation& notation, std::string_view sign, double value,
-                      std::int64_t decimals, std::string& out) const;
+    char* writeFields(char* to, const Notation& notation, double value,
+                      std::int64_t decimals) const;
 
     const Locale* locale_;
     std::string raFormat_;

@@ -4,6 +4,9 @@
 #include "notation/RADecFormat.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+#include <array>
+
 namespace skyvert {
 
 namespace {
@@ -23,23 +26,21 @@ std::string_view checkFields(const Fields& fields, bool inDegrees) {
 
 } // namespace
 
-void RADecFormat::appendRA(double hours, std::string& out) const {
+char* RADecFormat::writeRA(double hours, char* to) const {
     if (raNotation_ == nullptr)
-        out += kUnknownFormat;
-    else
-        appendFields(*raNotation_, {}, raNotation_->inDegrees ? hours * 15.0 : hours, RADecimals_,
-                     out);
+        return std::copy(kUnknownFormat.begin(), kUnknownFormat.end(), to);
+    return writeFields(to, *raNotation_, raNotation_->inDegrees ? hours * 15.0 : hours,
+                       RADecimals_);
 }
 
 std::string RADecFormat::ExportRA(double hours) const {
-    std::string text;
-    appendRA(hours, text);
-    return text;
+    std::array<char, kMaxText> text;
+    return std::string(text.data(), writeRA(hours, text.data()));
 }
 
 double RADecFormat::ImportRA(std::string_view text, std::string_view& error) const {
     error = {};
-    if (Trim(text).empty()) {
+    if (isBlank(text)) {
         error = kNoData;
         return 0.0;
     }

@@ -1,5 +1,7 @@
 #include "platform/Number.h"
 
+#include "platform/ShortNumber.h"
+
 #include <fast_float/fast_float.h>
 
 #include <algorithm>
@@ -12,10 +14,6 @@
 namespace skyvert {
 
 namespace {
-
-constexpr bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
 
 /// Reads a number's text from left to right and gathers its digits.
 class DigitScanner {
@@ -49,8 +47,7 @@ public:
     /// Takes the digits that follow and returns how many. The mantissa wraps behind 19 of them.
     std::ptrdiff_t takeDigits() {
         const char* const start = at_;
-        for (; at_ != end_ && isDigit(*at_); ++at_)
-            mantissa_ = mantissa_ * 10 + static_cast<unsigned>(*at_ - '0');
+        at_ = skyvert::takeDigits(at_, end_, mantissa_);
         digits_ += at_ - start;
         return at_ - start;
     }
@@ -88,10 +85,6 @@ double readExactly(std::string_view whole, std::string_view decimals) {
     return number;
 }
 
-/// All these are exact in a double.
-constexpr std::array<double, 20> kPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
-                                              1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
-                                              1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
 
 inline double readNumber(std::string_view text, std::string_view point, std::string_view group) {
@@ -106,7 +99,7 @@ inline double readNumber(std::string_view text, std::string_view point, std::str
     if (scanner.digits() == 0)
         return 0.0;
     // Two exact doubles: their quotient is rounded once, and so is the nearest double.
-    double magnitude = static_cast<double>(scanner.mantissa());
+    auto magnitude = static_cast<double>(scanner.mantissa());
     if (scanner.digits() > 19 || scanner.mantissa() > kLargestExact)
         magnitude = readExactly({whole, wholeEnd}, {scanner.at() - decimals, scanner.at()});
     else if (decimals > 0)
@@ -136,45 +129,21 @@ char* writeText(char* to, std::string_view text) {
     return to;
 }
 
-/// Writes exactly `count` digits, leading zeros included.
-char* writeDigits(char* to, std::uint32_t number, int count) {
-    for (char* place = to + count; place != to; number /= 10)
-        *--place = static_cast<char>('0' + number % 10);
-    return to + count;
-}
-
-int countDigits(std::uint32_t number) {
+int countDigits(std::uint64_t number) {
     int digits = 0;
     for (; number > 0; number /= 10)
         ++digits;
     return digits;
 }
 
-/// The limits of the short way, within which a 32-bit integer holds either side of the point.
-constexpr double kShortLimit = 2147483648.0;
-constexpr int kShortDecimals = 9;
-constexpr int kShortWidth = 10;
-
-/// The short way, within the limits above: rounds in integers. Returns null when the number is too
-/// close to a tie for that.
-char* writeShort(char* to, double magnitude, int decimals, int width, std::string_view point) {
-    constexpr double tieMargin = 1e-6; // the product below is off by less than 1e-7
-    auto whole = static_cast<std::uint32_t>(magnitude);
-    const double power = kPowersOfTen[static_cast<std::size_t>(decimals)];
-    const double scaled = (magnitude - whole) * power;
-    auto fraction = static_cast<std::uint32_t>(scaled);
-    const double remainder = scaled - fraction;
-    if (std::fabs(remainder - 0.5) < tieMargin)
-        return nullptr;
-    fraction += remainder > 0.5 ? 1 : 0;
-    if (fraction >= power) {
-        fraction = 0;
-        ++whole;
-    }
-    // The usual field has two digits, which need no counting.
-    const bool fits = width == 2 && whole < 100;
-    to = writeDigits(to, whole, fits ? 2 : std::max(countDigits(whole), width));
-    return decimals > 0 ? writeDigits(writeText(to, point), fraction, decimals) : to;
+/// The short way, for a number that `roundShort` has rounded.
+char* writeRounded(char* to, std::uint64_t number, int decimals, int width,
+                   std::string_view point) {
+    const int wholeDigits = std::max(width, countDigits(number) - decimals);
+    char* const wholeEnd = to + wholeDigits;
+    char* const end = decimals > 0 ? writeText(wholeEnd, point) + decimals : wholeEnd;
+    writeDigitsBefore(wholeEnd, writeDigitsBefore(end, number, decimals), wholeDigits);
+    return end;
 }
 
 /// The long way, for any finite magnitude.
@@ -232,10 +201,10 @@ char* writeFixed(char* to, double number, int decimals, int width, std::string_v
     if (number < 0.0)
         *to++ = '-';
     const double magnitude = std::fabs(number);
-    if (magnitude < kShortLimit && decimals <= kShortDecimals && width <= kShortWidth) {
-        if (char* const end = writeShort(to, magnitude, decimals, width, point))
-            return end;
-    }
+    const std::int64_t rounded =
+        decimals <= kShortDecimals ? roundShort(magnitude, decimals) : kNotShort;
+    if (rounded != kNotShort)
+        return writeRounded(to, static_cast<std::uint64_t>(rounded), decimals, width, point);
     if (std::isfinite(number))
         return writeExactly(to, magnitude, decimals, width, point);
     return writeText(to, std::isnan(number) ? "nan" : "inf");

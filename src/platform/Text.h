@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -23,6 +24,11 @@ constexpr char lowered(char byte) {
 }
 
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
+
+/// True for a text of nothing but white space, and for an empty one.
+constexpr bool isBlank(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), isWhiteSpace);
+}
 
 /// The text without the white space at both ends.
 std::string_view Trim(std::string_view text);

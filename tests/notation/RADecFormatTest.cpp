@@ -29,18 +29,6 @@ TEST(RADecFormat, TextFormIsReadFieldByField) {
     }
 }
 
-TEST(RADecFormat, CataloguesAreTheCallersOwn) {
-    using Names = std::vector<std::string>;
-    RADecFormat::SupportedRAFormats().clear();
-    EXPECT_EQ(RADecFormat::SupportedRAFormats(),
-              (Names{"HH", "HH MM", "HH MM SS", "HHMM", "HHMMSS", "HH:MM", "HH:MM:SS", "HHhMMm",
-                     "HHhMMmSSs", "DDD", "DDD MM", "DDD MM SS", "DDDMM", "DDDMMSS", "DDD:MM",
-                     "DDD:MM:SS", "DDD°MM'", "DDD°MM'SS\""}));
-    EXPECT_EQ(RADecFormat::SupportedDecFormats(),
-              (Names{"DD", "+DD", "+DD MM", "+DD MM SS", "+DDMM", "+DDMMSS", "+DD:MM", "+DD:MM:SS",
-                     "+DD°MM'", "+DD°MM'SS\""}));
-}
-
 TEST(RADecFormat, NumberTextHasItsDecimalsAndLeastWidth) {
     struct Case { double value; std::int64_t decimals; int width; std::string_view text; };
     const Case cases[] = {
@@ -71,36 +59,6 @@ TEST(RADecFormat, LocalesSeparatorIsWrittenAndReadOnlyWhenLocalised) {
     EXPECT_EQ(format.DoubleToStr(12.5, 2, 2), "12\u066B50");
     EXPECT_EQ(format.StrToDbl("12\u066B5"), 12.5);
     EXPECT_EQ(format.StrToDbl("12.500"), 12500.0);
-}
-
-TEST(RADecFormat, MasksFollowTheNotationAndItsLocale) {
-    struct Case { std::string_view ra, dec, raMask, decMask; };
-    const Case cases[] = {
-        {"HH", "DD", "", ""}, {"DDD", "+DD", "", ""}, {"none", "none", "", ""},
-        {"hh mm", "+dd mm", R"(##\ ##.99999)", R"(&##\ ##.99999)"},
-        {"HH MM SS", "+DD MM SS", R"(##\ ##\ ##.99999)", R"(&##\ ##\ ##.99999)"},
-        {"HHMM", "+DDMM", "####.999999", "&####.999999"},
-        {"HHMMSS", "+DDMMSS", "######.999999", "&######.999999"},
-        {"HH:MM", "+DD:MM", R"(##\:##.99999)", R"(&##\:##.99999)"},
-        {"HH:MM:SS", "+DD:MM:SS", R"(##\:##\:##.99999)", R"(&##\:##\:##.99999)"},
-        {"HHhMMm", "", R"(##\h##.999999)", ""}, {"HHhMMmSSs", "", R"(##\h##\m##.999999)", ""},
-        {"DDD MM", "", R"(###\ ##.99999)", ""}, {"DDD MM SS", "", R"(###\ ##\ ##.99999)", ""},
-        {"DDDMM", "", "#####.999999", ""}, {"DDDMMSS", "", "#######.999999", ""},
-        {"DDD:MM", "", R"(###\:##.99999)", ""}, {"DDD:MM:SS", "", R"(###\:##\:##.99999)", ""},
-        {"DDD°MM'", "+DD°MM'", R"(###\°##.999999)", R"(&##\°##.999999)"},
-        {"DDD°MM'SS\"", "+DD°MM'SS\"", R"(###\°##\'##.999999)", R"(&##\°##\'##.999999)"},
-    };
-    RADecFormat format("\t\tY", kPoint);
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.ra);
-        format.setRaFormat(c.ra);
-        format.setDecFormat(c.dec);
-        EXPECT_EQ(format.RAMask(), c.raMask);
-        EXPECT_EQ(format.DecMask(), c.decMask);
-    }
-    EXPECT_EQ(RADecFormat("HH MM SS", kPoint).RAMask(), R"(##\ ##\ ##\.99999)");
-    EXPECT_EQ(RADecFormat("HH\t+DDMM", kPoint).DecMask(), R"(&####\.999999)");
-    EXPECT_EQ(RADecFormat("HH", kPoint).RAMask(), "");
 }
 
 } // namespace

@@ -6,21 +6,19 @@
 #include <limits>
 #include <stdexcept>
 
+// Tables stand several cases to a line.
+// clang-format off
+
 namespace skyvert {
 namespace {
 
 TEST(Date, CountsSecondsAndDaysOfTheYearByTheProlepticGregorianCalendar) {
-    const struct {
-        Date date;
-        double totalSeconds;
-        std::int64_t dayOfYear;
-    } cases[] = {{{1970, 1, 1}, 0.0, 1},
-                 {{2001, 9, 9, 1, 46, 40}, 1e9, 252},
-                 {{1969, 12, 31, 23, 59, 59}, -1.0, 365},
-                 {{2000, 12, 31}, 978220800.0, 366},
-                 {{1900, 12, 31}, -2177539200.0, 365},
-                 {{-4712, 3, 1}, -210858336000.0, 61},
-                 {{400000, 1, 1}, 12560613580800.0, 1}};
+    const struct { Date date; double totalSeconds; std::int64_t dayOfYear; } cases[] = {
+        {{1970, 1, 1}, 0.0, 1}, {{2001, 9, 9, 1, 46, 40}, 1e9, 252},
+        {{1969, 12, 31, 23, 59, 59}, -1.0, 365}, {{2000, 12, 31}, 978220800.0, 366},
+        {{1900, 12, 31}, -2177539200.0, 365}, {{-4712, 3, 1}, -210858336000.0, 61},
+        {{400000, 1, 1}, 12560613580800.0, 1},
+    };
 
     for (const auto& [date, totalSeconds, dayOfYear] : cases) {
         SCOPED_TRACE(date.SQLDate());

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <cstddef>
+
+namespace skyvert {
+
+/// The number of allocations so far in a test program that CountingAllocator.cpp is part of.
+std::size_t allocationCount();
+
+} // namespace skyvert
