@@ -159,8 +159,8 @@ void nameMembers(const ShownControl& group, const GroupGrid& grid) {
         if (captioned == nullptr || !needsName(*captioned->control))
             continue;
         label->setBuddy(captioned->widget);
-        const QString title = static_cast<const QGroupBox*>(group.widget)->title();
-        captioned->widget->setAccessibleName(title + ": " + label->text().remove(':'));
+        const std::string& title = dynamic_cast<const GroupBox&>(*group.control).caption();
+        captioned->widget->setAccessibleName(toQString(title) + ": " + label->text().remove(':'));
     }
 }
 
@@ -190,7 +190,7 @@ void collectTabStops(std::vector<ShownControl> controls, std::vector<QWidget*>& 
         return left.control->layout().tabIndex < right.control->layout().tabIndex;
     });
     for (const ShownControl& shown : controls) {
-        if (shown.widget->focusPolicy() & Qt::TabFocus)
+        if ((shown.widget->focusPolicy() & Qt::TabFocus) != 0)
             stops.push_back(shown.widget);
         collectTabStops(shown.members, stops);
     }
@@ -199,13 +199,14 @@ void collectTabStops(std::vector<ShownControl> controls, std::vector<QWidget*>& 
 /// Where a control stands once the window has grown by this much.
 QRect lockedGeometry(const ControlLayout& layout, QSize growth) {
     QRect place(layout.left, layout.top, layout.width, layout.height);
-    if (layout.locks & kLockRight)
+    const auto follows = [&layout](Lock side) { return (layout.locks & side) != 0; };
+    if (follows(kLockRight))
         place.setRight(place.right() + growth.width());
-    if (!(layout.locks & kLockLeft))
+    if (!follows(kLockLeft))
         place.setLeft(place.left() + growth.width());
-    if (layout.locks & kLockBottom)
+    if (follows(kLockBottom))
         place.setBottom(place.bottom() + growth.height());
-    if (!(layout.locks & kLockTop))
+    if (!follows(kLockTop))
         place.setTop(place.top() + growth.height());
     return place;
 }

@@ -81,7 +81,10 @@ bool isInput(QEvent::Type type) {
 } // namespace
 
 ListboxView::ListboxView(Listbox& control, const Desktop& desktop, QWidget* parent)
-    : WidgetView(control, desktop, parent), model_(new ListboxModel(control, this)) {
+    : WidgetView(control, desktop, parent), model_(new ListboxModel(control, this)),
+      due_(new QTimer(this)) {
+    due_->setSingleShot(true);
+    connect(due_, &QTimer::timeout, this, [this] { flush(); });
     setModel(model_);
     setItemDelegate(new CellDelegate(control, this));
     setUpHeaders(*this);
@@ -100,22 +103,19 @@ ListboxView::ListboxView(Listbox& control, const Desktop& desktop, QWidget* pare
 
 void ListboxView::refresh() {
     // The model must not show rows that are gone, so a deletion cannot wait.
-    if (model_->isOutdated()) {
+    if (model_->isOutdated())
         flush();
-    } else if (!pending_) {
-        pending_ = true;
-        QMetaObject::invokeMethod(
-            this, [this] { flushPending(); }, Qt::QueuedConnection);
-    }
+    else if (!due_->isActive())
+        due_->start(0);
 }
 
 void ListboxView::flushPending() {
-    if (pending_)
+    if (due_->isActive())
         flush();
 }
 
 void ListboxView::flush() {
-    pending_ = false;
+    due_->stop();
     WidgetView::refresh();
 }
 

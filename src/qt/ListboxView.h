@@ -4,6 +4,7 @@
 #include "qt/ListboxModel.h"
 
 #include <QTableView>
+#include <QTimer>
 
 namespace skyvert {
 
@@ -35,8 +36,8 @@ private:
     std::vector<RowRange> shownSelection() const;
 
     ListboxModel* model_;
+    QTimer* due_; ///< runs while there is something to flush when the event loop turns
     std::vector<RowRange> mirrored_; ///< the selection that the view and the list box agreed on
-    bool pending_ = false;
     bool mirroring_ = false;
 };
 

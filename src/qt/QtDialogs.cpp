@@ -37,6 +37,7 @@ std::optional<std::filesystem::path> QtDialogs::GetSaveFolderItem(const FileType
 }
 
 std::optional<std::filesystem::path> QtDialogs::ask(QFileDialog& dialog, const FileType& filter) {
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(filter));
     if (!folder_.isEmpty())
         dialog.setDirectory(folder_);

@@ -21,10 +21,11 @@ constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
 
 // A signal handler is given nothing but the signal's number, so the two ends of the socket that it
 // writes to have to stand where it can find them.
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::array<int, 2> ends{-1, -1};
 
 /// Only what is safe inside a signal handler: one byte wakes the event loop.
-void onSignal(int) {
+void onSignal(int /*signal*/) {
     const int error = errno;
     [[maybe_unused]] const ssize_t written = write(ends[0], "", 1);
     errno = error;

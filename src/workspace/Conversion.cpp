@@ -20,13 +20,13 @@ void MainWindow::ConvertCoordinates(std::string_view ra, std::string_view dec) {
     const double decValue = input.ImportDec(dec, error);
     const Pair result = precession().convert({raValue, decValue});
 
-    for (std::string& cell : cells_)
-        cell.clear();
-    input.appendRA(raValue, cells_[0]);
-    input.appendDec(decValue, cells_[1]);
-    output.appendRA(result.Left, cells_[2]);
-    output.appendDec(result.Right, cells_[3]);
-    list.AddRow(std::array<std::string_view, 4>{cells_[0], cells_[1], cells_[2], cells_[3]});
+    char* const inputRA = cells_.data();
+    char* const inputDec = input.writeRA(raValue, inputRA);
+    char* const outputRA = input.writeDec(decValue, inputDec);
+    char* const outputDec = output.writeRA(result.Left, outputRA);
+    char* const end = output.writeDec(result.Right, outputDec);
+    list.AddRow(std::array<std::string_view, 4>{
+        {{inputRA, inputDec}, {inputDec, outputRA}, {outputRA, outputDec}, {outputDec, end}}});
     list.setListIndex(list.LastIndex());
     ClearListButton.setEnabled(true);
 }

@@ -130,7 +130,7 @@ private:
     std::optional<Precession> precession_;
     EpochPair precessionEpochs_; ///< what `precession_` was made for
     // Room for texts, kept from row to row
-    std::array<std::string, 4> cells_;
+    std::array<char, 4 * RADecFormat::kMaxText> cells_{};
     std::string foldedRA_;
     std::string foldedDec_;
     std::string exportLine_;

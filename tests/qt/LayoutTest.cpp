@@ -10,8 +10,6 @@
 namespace skyvert {
 namespace {
 
-constexpr const char* kSelectors[] = {"fromEpoch", "toEpoch", "inFormat", "outFormat"};
-
 /// All widgets that show a control inside a group box.
 QList<QWidget*> groupMembers(QWidget& window) {
     QList<QWidget*> members;

@@ -4,6 +4,7 @@
 #include "qt/QtText.h"
 #include "support/TestDesktop.h"
 
+#include <QApplication>
 #include <QTest>
 
 #include <array>
