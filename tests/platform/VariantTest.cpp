@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <string>
-#include <vector>
 
 namespace skyvert {
 namespace {
@@ -14,8 +12,11 @@ namespace {
 constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
 
 TEST(Variant, EveryKindConvertsToTextNumbersAndTruth) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
+    using enum VarType;
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
+    // clang-format off
     const struct {
         Variant value;
         VarType type;
@@ -23,29 +24,21 @@ TEST(Variant, EveryKindConvertsToTextNumbersAndTruth) {
         std::int64_t integer;
         bool truth;
     } cases[] = {
-        {{}, VarType::Nil, "", 0, false},
-        {std::int32_t{-3}, VarType::Integer, "-3", -3, true},
-        {kMax, VarType::Long, "9223372036854775807", kMax, true},
-        {0.5F, VarType::Single, "0.5", 0, true},
-        {0.0, VarType::Double, "0", 0, false},
-        {-0.0, VarType::Double, "0", 0, false},
-        {-12.9, VarType::Double, "-12.9", -12, true},
-        {0.1, VarType::Double, "0.1", 0, true},
-        {1e15, VarType::Double, "1000000000000000", 1000000000000000, true},
-        {1e300 * 1e300, VarType::Double, "inf", kMax, true},
-        {nan, VarType::Double, "nan", 0, true},
-        {DateValue{987, 1, 2, 3, 4, 5}, VarType::Date, "0987-01-02 03:04:05", 0, false},
-        {"12.9 apples", VarType::String, "12.9 apples", 12, false},
-        {"True", VarType::String, "True", 0, true},
-        {"1", VarType::String, "1", 1, true},
-        {"yes", VarType::String, "yes", 0, false},
-        {true, VarType::Boolean, "true", 1, true},
-        {false, VarType::Boolean, "false", 0, false},
-        {Color{0xAB}, VarType::Color, "&h000000ab", 0, false},
+        {{}, Nil, "", 0, false}, {std::int32_t{-3}, Integer, "-3", -3, true},
+        {kMax, Long, "9223372036854775807", kMax, true}, {0.5F, Single, "0.5", 0, true},
+        {0.0, Double, "0", 0, false}, {-0.0, Double, "0", 0, false},
+        {-12.9, Double, "-12.9", -12, true}, {0.1, Double, "0.1", 0, true},
+        {1e15, Double, "1000000000000000", 1000000000000000, true},
+        {kInfinity, Double, "inf", kMax, true}, {kNan, Double, "nan", 0, true},
+        {DateValue{987, 1, 2, 3, 4, 5}, Date, "0987-01-02 03:04:05", 0, false},
+        {"12.9 apples", String, "12.9 apples", 12, false}, {"True", String, "True", 0, true},
+        {"1", String, "1", 1, true}, {"yes", String, "yes", 0, false},
+        {true, Boolean, "true", 1, true}, {false, Boolean, "false", 0, false},
+        {skyvert::Color{0xAB}, VarType::Color, "&h000000ab", 0, false},
         {std::make_shared<Dictionary>(), VarType::Object, "", 0, false},
-        {std::shared_ptr<Dictionary>(), VarType::Nil, "", 0, false},
-    };
+        {std::shared_ptr<Dictionary>(), Nil, "", 0, false}};
 
+    // clang-format on
     for (const auto& [value, type, text, integer, truth] : cases) {
         SCOPED_TRACE(text);
         EXPECT_EQ(value.type(), type);
@@ -57,26 +50,14 @@ TEST(Variant, EveryKindConvertsToTextNumbersAndTruth) {
 
 TEST(Variant, EqualValuesAreEqualWhateverTheWidthAndKindsDiffer) {
     const auto object = std::make_shared<Dictionary>();
+    // clang-format off
     const std::vector<std::vector<Variant>> classes = {
-        {{}, {}},
-        {std::int32_t{1}, std::int64_t{1}, 1.0F, 1.0},
-        {0.0, -0.0, std::int32_t{0}},
-        {0.5F, 0.5},
-        {0.1},
-        {0.1F},
-        {kMax},
-        {kMax - 1},
-        {0x1p63},
-        {"1"},
-        {"a", std::string("a")},
-        {"A"},
-        {true, true},
-        {false},
-        {Color{1}, Color{1}},
-        {DateValue{2000, 1, 1}, DateValue{2000, 1, 1}},
-        {object, Variant(object)},
-        {std::make_shared<Dictionary>()},
-    };
+        {{}, {}}, {std::int32_t{1}, std::int64_t{1}, 1.0F, 1.0}, {0.0, -0.0, std::int32_t{0}},
+        {0.5F, 0.5}, {0.1}, {0.1F}, {kMax}, {kMax - 1}, {0x1p63}, {"1"}, {"a", std::string("a")},
+        {"A"}, {true, true}, {false}, {Color{1}, Color{1}},
+        {DateValue{2000, 1, 1}, DateValue{2000, 1, 1}}, {object, Variant(object)},
+        {std::make_shared<Dictionary>()}};
+    // clang-format on
     for (const auto& left : classes)
         for (const auto& right : classes)
             for (const Variant& a : left)
@@ -102,9 +83,8 @@ TEST(Dictionary, KeepsTheOrderOfKeysAndFindsThemAll) {
     EXPECT_EQ(dictionary.find(std::int32_t{7})->stringValue(), "other");
     EXPECT_EQ(dictionary.find("Contents.RA.4999")->integerValue(), 4999);
     EXPECT_EQ(dictionary.find(Variant("Contents.RA.0"))->integerValue(), 0);
-    EXPECT_FALSE(dictionary.HasKey("contents.ra.0"));
-    EXPECT_FALSE(dictionary.HasKey("7"));
-    EXPECT_FALSE(dictionary.HasKey(Variant()));
+    for (const Variant& key : {Variant("contents.ra.0"), Variant("7"), Variant()})
+        EXPECT_FALSE(dictionary.HasKey(key));
     EXPECT_THROW(dictionary.Key(2U * count), std::out_of_range);
 }
 

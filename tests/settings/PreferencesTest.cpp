@@ -1,13 +1,9 @@
 #include "settings/Preferences.h"
 
 #include "platform/Files.h"
+#include "support/TestDesktop.h"
 
 #include <gtest/gtest.h>
-
-#include <chrono>
-#include <filesystem>
-#include <string>
-#include <tuple>
 
 namespace skyvert {
 namespace {
@@ -16,27 +12,19 @@ namespace fs = std::filesystem;
 
 class PreferencesTest : public testing::Test {
 protected:
-    PreferencesTest() { fs::remove_all(root_); }
+    Preferences open() const { return {root_.path(), "Skyvert", "Preferences.xml"}; }
 
-    ~PreferencesTest() override {
-        std::error_code ignored;
-        fs::permissions(folder_, fs::perms::owner_all, ignored);
-        fs::remove_all(root_, ignored);
-    }
-
-    Preferences open() const { return {root_, "Skyvert", "Preferences.xml"}; }
-
-    /// A run that assigns one value.
-    void store(const Variant& value) const {
+    /// A run that assigns one value; returns whether that counts as a change.
+    bool store(const Variant& value, const char* key = "key") const {
         Preferences preferences = open();
-        preferences.setValue("key", value);
+        preferences.setValue(key, value);
         preferences.Close();
+        return preferences.changed();
     }
 
     std::string stored() const { return open().Value("key", "default").stringValue(); }
 
-    const fs::path root_ = fs::path(testing::TempDir()) /
-                           testing::UnitTest::GetInstance()->current_test_info()->name();
+    const TemporaryFolder root_;
     const fs::path folder_ = root_ / "Skyvert";
     const fs::path file_ = folder_ / "Preferences.xml";
 };
@@ -50,42 +38,32 @@ TEST_F(PreferencesTest, TheFirstRunMakesTheFolderAndWritesOnlyWhatWasAssigned) {
     store("a\tb");
     EXPECT_EQ(stored(), "a\tb");
     EXPECT_EQ(open().Value("Key", "other").stringValue(), "other");
-    EXPECT_TRUE(readWholeFile(file_)->find("<xmldict version=\"1.1\">\n\t<key>key</key>\n"));
+    EXPECT_NE(readWholeFile(file_)->find("<xmldict version=\"1.1\">\n\t<key>key</key>\n"),
+              std::string::npos);
 }
 
 TEST_F(PreferencesTest, OnlyADifferentValueCountsAsAChange) {
-    {
-        Preferences preferences = open();
-        preferences.setValue("text", "Text");
-        preferences.setValue("count", std::int32_t{3});
-        preferences.setValue("flag", true);
-        preferences.setValue("nil", {});
-        preferences.Close();
-    }
-
-    const std::initializer_list<std::tuple<const char*, Variant, bool>> cases = {
-        {"text", "Text", false},         {"text", "text", true}, {"count", std::int64_t{3}, false},
-        {"count", 3.0, false},           {"count", "3", true},   {"flag", true, false},
-        {"flag", std::int64_t{1}, true}, {"nil", {}, false},     {"new", {}, true}};
-    const auto before = fs::file_time_type::clock::now() - std::chrono::hours(1);
-    for (const auto& [key, value, changes] : cases) {
-        SCOPED_TRACE(std::string(key) + " " + value.stringValue());
+    const std::tuple<Variant, Variant, bool> cases[] = {{"Text", "Text", false},
+                                                        {"Text", "text", true},
+                                                        {std::int32_t{3}, std::int64_t{3}, false},
+                                                        {std::int32_t{3}, "3", true},
+                                                        {true, true, false},
+                                                        {true, std::int64_t{1}, true},
+                                                        {{}, {}, false}};
+    EXPECT_TRUE(store({}, "nil"));
+    EXPECT_TRUE(open().Value("nil", "default").isNil());
+    for (const auto& [old, value, changes] : cases) {
+        store(old);
+        const auto before = fs::file_time_type::clock::now() - std::chrono::hours(1);
         fs::last_write_time(file_, before);
-        const std::string bytes = *readWholeFile(file_);
-        Preferences preferences = open();
-        EXPECT_TRUE(preferences.Value("nil", "default").isNil());
-        preferences.setValue(key, value);
-        EXPECT_EQ(preferences.changed(), changes);
-        preferences.Close();
+        EXPECT_EQ(store(value), changes) << value.stringValue();
         EXPECT_EQ(fs::last_write_time(file_) != before, changes);
-        EXPECT_TRUE(writeWholeFile(file_, bytes));
     }
 }
 
 TEST_F(PreferencesTest, AFileThatIsNoGoodCountsAsAbsentAndIsReplaced) {
     for (const char* content :
          {"", "<xmldict", "<xmldict version=\"1.2\"><key>key</key><string>x</string></xmldict>"}) {
-        SCOPED_TRACE(content);
         fs::create_directories(folder_);
         ASSERT_TRUE(writeWholeFile(file_, content));
         EXPECT_EQ(stored(), "default");
@@ -96,28 +74,16 @@ TEST_F(PreferencesTest, AFileThatIsNoGoodCountsAsAbsentAndIsReplaced) {
 }
 
 TEST_F(PreferencesTest, PlacesThatCannotBeUsedAreNoTrouble) {
-    fs::create_directories(file_ / "inside");
-    store("lost");
-    EXPECT_EQ(stored(), "default");
-
-    fs::remove_all(folder_);
-    ASSERT_TRUE(writeWholeFile(folder_, "a file in the folder's place"));
-    store("lost");
-    EXPECT_EQ(stored(), "default");
-
-    fs::remove(folder_);
-    fs::create_directory_symlink("nowhere", folder_);
-    store("lost");
-    fs::remove(folder_);
-
-    // Permissions do not bind a superuser, for whom these just succeed.
-    store("old");
-    fs::permissions(file_, fs::perms::owner_read);
-    store("new");
-    EXPECT_TRUE(stored() == "old" || stored() == "new");
-    fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
-    store("newer");
-    EXPECT_NE(stored(), "default");
+    const std::function<void()> obstacles[] = {
+        [this] { fs::create_directories(file_ / "inside"); },
+        [this] { EXPECT_TRUE(writeWholeFile(folder_, "a file in the folder's place")); },
+        [this] { fs::create_directory_symlink("nowhere", folder_); }};
+    for (const auto& obstruct : obstacles) {
+        obstruct();
+        store("lost");
+        EXPECT_EQ(stored(), "default");
+        fs::remove_all(folder_);
+    }
 }
 
 } // namespace

@@ -1,24 +1,19 @@
 #pragma once
 
+#include "platform/Controls.h"
 #include "platform/Desktop.h"
 
-#include <algorithm>
-#include <deque>
 #include <filesystem>
 #include <map>
 #include <random>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace skyvert {
 
-/// A clock that stands still until it is set.
-class FixedClock : public Clock {
-public:
-    Date now() const override { return moment; }
-
-    Date moment{2026, 11, 16, 12, 30, 0};
+/// A clock that stands still.
+struct FixedClock : Clock {
+    Date now() const override { return {2026, 11, 16, 12, 30, 0}; }
 };
 
 /// An event loop whose time passes only in `advance`.
@@ -26,16 +21,15 @@ class VirtualScheduler : public Scheduler {
 public:
     std::unique_ptr<Alarm> after(std::chrono::milliseconds delay,
                                  std::function<void()> due) override {
-        const auto entry = due_.emplace(now_ + delay, std::move(due));
-        return std::make_unique<VirtualAlarm>(*this, entry);
+        return std::make_unique<VirtualAlarm>(queue_, queue_.emplace(now_ + delay, std::move(due)));
     }
 
     /// Lets time pass and runs what falls due, in the order in which it does.
     void advance(std::chrono::milliseconds time) {
         const auto end = now_ + time;
-        while (!due_.empty() && due_.begin()->first <= end) {
-            now_ = due_.begin()->first;
-            const auto due = due_.begin()->second;
+        while (!queue_.empty() && queue_.begin()->first <= end) {
+            now_ = queue_.begin()->first;
+            const auto due = queue_.begin()->second;
             due();
         }
         now_ = end;
@@ -45,38 +39,36 @@ private:
     using Queue = std::multimap<std::chrono::milliseconds, std::function<void()>>;
 
     struct VirtualAlarm : Alarm {
-        VirtualAlarm(VirtualScheduler& scheduler, Queue::iterator entry)
-            : scheduler(scheduler), entry(entry) {}
+        VirtualAlarm(Queue& queue, Queue::iterator entry) : queue(queue), entry(entry) {}
 
-        ~VirtualAlarm() override { scheduler.due_.erase(entry); }
+        ~VirtualAlarm() override { queue.erase(entry); }
 
-        VirtualScheduler& scheduler;
+        Queue& queue;
         Queue::iterator entry;
     };
 
     std::chrono::milliseconds now_{0};
-    Queue due_;
+    Queue queue_;
 };
 
-/// A user who answers file dialogs with `file` and lets every message be.
-class ScriptedDialogs : public Dialogs {
-public:
+/// A user who answers file dialogs with `file` and lets every message be. Texts end with "|".
+struct ScriptedDialogs : Dialogs {
     std::optional<std::filesystem::path> GetOpenFolderItem(const FileType& filter) override {
-        asked.emplace_back("open " + std::string(filter.Name));
+        asked.append("open ").append(filter.Name).append("|");
         return file;
     }
 
     std::optional<std::filesystem::path> GetSaveFolderItem(const FileType& filter,
                                                            std::string_view defaultName) override {
-        asked.emplace_back("save " + std::string(filter.Name) + " " + std::string(defaultName));
+        asked.append("save ").append(filter.Name).append(" ").append(defaultName).append("|");
         return file;
     }
 
-    void MsgBox(std::string_view text) override { messages.emplace_back(text); }
+    void MsgBox(std::string_view text) override { messages.append(text).append("|"); }
 
     std::optional<std::filesystem::path> file;
-    std::vector<std::string> asked;
-    std::vector<std::string> messages;
+    std::string asked;
+    std::string messages;
 };
 
 /// A machine made for a test: a stopped clock, a loop that is driven by hand, a scripted user.
@@ -90,19 +82,24 @@ struct TestDesktop {
     Desktop desktop{locale, clock, scheduler, dialogs};
 };
 
+/// A view that notes what it is asked for, and the text that it would show.
+struct LoggingView : ControlView {
+    explicit LoggingView(TextField& field) : field(field) { field.setView(this); }
+
+    void refresh() override { log += "view " + field.text() + "|"; }
+
+    void takeFocus() override { log += "focus|"; }
+
+    TextField& field;
+    std::string log;
+};
+
 /// A folder of its own that goes with the object.
 class TemporaryFolder {
 public:
-    TemporaryFolder() {
-        std::random_device random;
-        path_ = std::filesystem::temp_directory_path() / ("skyvert-" + std::to_string(random()));
-        std::filesystem::create_directories(path_);
-    }
+    TemporaryFolder() { std::filesystem::create_directories(path_); }
 
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
+    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
 
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -112,7 +109,8 @@ public:
     const std::filesystem::path& path() const { return path_; }
 
 private:
-    std::filesystem::path path_;
+    std::filesystem::path path_ = std::filesystem::temp_directory_path() /
+                                  ("skyvert-" + std::to_string(std::random_device()()));
 };
 
 } // namespace skyvert

@@ -3,9 +3,9 @@
 #include "support/TestDesktop.h"
 #include "workspace/MainWindow.h"
 
-namespace skyvert {
+#include <gtest/gtest.h>
 
-using Row = std::vector<std::string>;
+namespace skyvert {
 
 /// The whole program without a screen, with a settings folder of its own.
 class TestWindow {
@@ -33,24 +33,36 @@ public:
         window->outFormat.setFormat(RADecFormat(output, machine.locale));
     }
 
-    Row row(std::int64_t index) const {
-        Row cells;
-        for (std::int64_t column = 0; column < 4; ++column)
-            cells.emplace_back(window->list.Cell(index, column));
-        return cells;
+    /// The first cells of all rows: a cell ends with "|", a row with ";".
+    std::string rows(std::int64_t columns = 4) const {
+        std::string text;
+        for (std::int64_t row = 0; row < window->list.RowCount(); ++row, text += ";")
+            for (std::int64_t column = 0; column < columns; ++column)
+                text.append(window->list.Cell(row, column)).append("|");
+        return text;
     }
 
-    Row headings() const {
-        Row texts;
+    std::string headings() const {
+        std::string text;
         for (std::int64_t column = 0; column < 4; ++column)
-            texts.push_back(window->list.Heading(column));
-        return texts;
+            text += window->list.Heading(column) + "|";
+        return text;
     }
 
     TestDesktop machine;
     App app;
     std::optional<MainWindow> window;
     std::optional<int> quitCode;
+};
+
+/// A test of the program after its start, in a folder that is its own.
+class WindowTest : public testing::Test {
+protected:
+    WindowTest() { program.settle(); }
+
+    TemporaryFolder folder;
+    TestWindow program{folder};
+    MainWindow& main = *program.window;
 };
 
 } // namespace skyvert

@@ -1,110 +1,80 @@
 #include "support/TestWindow.h"
 
-#include <gtest/gtest.h>
-
 namespace skyvert {
 namespace {
 
+using ConversionTest = WindowTest;
 constexpr auto kColons = "HH:MM:SS\t+DD:MM:SS\tN\t2\t1";
-
-class ConversionTest : public testing::Test {
-protected:
-    ConversionTest() {
-        main.fromEpoch.epochPopup.setValue("B1950.0");
-        main.toEpoch.epochPopup.setValue("J2000.0");
-        program.settle();
-    }
-
-    TemporaryFolder settings;
-    TestWindow program{settings};
-    MainWindow& main = *program.window;
-};
 
 TEST_F(ConversionTest, ARowHoldsThePositionInBothNotationsAndIsSelected) {
     program.setFormats(kColons, "HH MM SS\t+DD MM SS\tN\t2\t1");
+    main.fromEpoch.epochPopup.setValue("B1950.0");
     EXPECT_FALSE(main.ClearListButton.enabled());
     main.ConvertCoordinates("0", "0");
-    EXPECT_EQ(program.row(0), (Row{"00:00:00.00", "+00:00:00.0", "00 02 33.72", "+00 16 42.2"}));
     main.ConvertCoordinates("6", "89:30");
-    EXPECT_EQ(program.row(1), (Row{"06:00:00.00", "+89:30:00.0", "07 58 41.43", "+89 25 34.9"}));
+    EXPECT_EQ(program.rows(), "00:00:00.00|+00:00:00.0|00 02 33.72|+00 16 42.2|;"
+                              "06:00:00.00|+89:30:00.0|07 58 41.43|+89 25 34.9|;");
     EXPECT_EQ(main.list.selection(), (std::vector<RowRange>{{1, 1}}));
     EXPECT_TRUE(main.ClearListButton.enabled());
 }
 
-TEST_F(ConversionTest, TextThatDoesNotParseStillMakesARow) {
-    const struct {
-        const char* format;
-        const char* ra;
-        const char* dec;
-        const char* inputRA;
-        const char* inputDec;
-    } cases[] = {
-        {kColons, "", "", "00:00:00.00", "+00:00:00.0"},
-        {kColons, "abc", "-", "00:00:00.00", "+00:00:00.0"},
-        {kColons, "25:61:61", "-91", "26:02:01.00", "-91:00:00.0"},
-        {"none\tnone", "1", "1", "Unknown format!", "Unknown format!"},
-        {"HH\tDD\tN\t0\t0", "1e9", "-0.4", "1", "0"},
-    };
+TEST_F(ConversionTest, TextThatDoesNotParseOrFitStillMakesARow) {
+    const std::string huge(400, '9');
 
-    for (const auto& [format, ra, dec, inputRA, inputDec] : cases) {
-        SCOPED_TRACE(ra);
-        program.setFormats(format, kColons);
+    const std::array<std::string, 3> lines[] = {{kColons, "", ""},
+                                                {kColons, "abc", "-"},
+                                                {kColons, "25:61:61", "-91"},
+                                                {"none\tnone", "1", "1"},
+                                                {"HH\tDD\tN\t0\t0", "1e9", "-0.4"},
+                                                {"HH MM\tDD\tN\t1\t1", huge, "-" + huge}};
+
+    for (const auto& [format, ra, dec] : lines) {
+        program.setFormats(format, "HH MM\t+DD MM\tN\t1\t1");
         main.ConvertCoordinates(ra, dec);
-        const Row row = program.row(main.list.LastIndex());
-        EXPECT_EQ(row[0], inputRA);
-        EXPECT_EQ(row[1], inputDec);
     }
-    EXPECT_EQ(main.list.RowCount(), 5);
-    EXPECT_TRUE(program.machine.dialogs.messages.empty());
+    EXPECT_EQ(program.rows(2), "00:00:00.00|+00:00:00.0|;00:00:00.00|+00:00:00.0|;"
+                               "26:02:01.00|-91:00:00.0|;Unknown format!|Unknown format!|;"
+                               "1|0|;inf nan|-inf|;");
+    EXPECT_TRUE(program.rows().ends_with("|nan nan|+nan nan|;"));
+    EXPECT_EQ(program.machine.dialogs.messages, "");
 }
 
-TEST_F(ConversionTest, NumbersOutOfAllRangesAreRendered) {
-    program.setFormats("HH MM\tDD\tN\t1\t1", "HH MM\t+DD MM\tN\t1\t1");
-    main.ConvertCoordinates(std::string(400, '9'), "-" + std::string(400, '9'));
-    EXPECT_EQ(program.row(0), (Row{"inf nan", "-inf", "nan nan", "+nan nan"}));
-}
-
-TEST_F(ConversionTest, RowsNeverChangeWhenASelectorDoes) {
-    program.setFormats(kColons, kColons);
+TEST_F(ConversionTest, ASelectorReachesHeadingsAndLaterRowsOnly) {
+    program.setFormats(kColons, "HH:MM:SS\t+DD:MM:SS\tN\t0\t0");
     main.ConvertCoordinates("12:30", "-0:30");
-    const Row before = program.row(0);
-    EXPECT_EQ(before[1], "-00:30:00.0");
+    const std::string before = program.rows();
     main.fromEpoch.epochPopup.setValue("B1900.0");
     main.toEpoch.epochPopup.setValue("Other");
     main.toEpoch.epochDate.setDateValue(Date(1987, 3, 15));
     main.inFormat.RAFormat.setValue("DDD");
     main.outFormat.DecFormat.setValue("DD");
     program.settle();
-    EXPECT_EQ(program.row(0), before);
-    EXPECT_EQ(program.headings(), (Row{"Input RA (1900.0)", "Input Dec (1900.0)",
-                                       "Output RA (1987.2)", "Output Dec (1987.2)"}));
     main.ConvertCoordinates("187.5", "-0:30");
-    EXPECT_EQ(program.row(1)[0], "187.50");
-    EXPECT_NE(program.row(1)[3], before[3]);
-}
-
-TEST_F(ConversionTest, HeadingsHaveTheSystemsDecimalSeparator) {
-    TestWindow german(settings, {.decimalPoint = ",", .groupSeparator = "."});
-    EXPECT_EQ(german.headings(), (Row{"Input RA (2000,0)", "Input Dec (2000,0)",
-                                      "Output RA (2000,0)", "Output Dec (2000,0)"}));
+    // 87.2 years of precession: 87.2 * 3.0748 s = 268 s, and 87.2 * -19.87" = -0.48 degrees.
+    EXPECT_EQ(program.rows(), before + "187.50|-00:30:00.0|12:34:28|-1|;");
+    EXPECT_EQ(program.headings(),
+              "Input RA (1900.0)|Input Dec (1900.0)|Output RA (1987.2)|Output Dec (1987.2)|");
+    const TestWindow german(folder, {.decimalPoint = ",", .groupSeparator = "."});
+    EXPECT_EQ(german.headings(),
+              "Input RA (2000,0)|Input Dec (2000,0)|Output RA (2000,0)|Output Dec (2000,0)|");
 }
 
 TEST_F(ConversionTest, MasksAndCuesFollowTheNotationTenMillisecondsLater) {
     using namespace std::chrono_literals;
+    const auto shown = [this](std::chrono::milliseconds time) {
+        program.machine.scheduler.advance(time);
+        std::string text;
+        for (const TextField* field : {&main.raManual, &main.decManual})
+            text += field->cueText() + " " + field->mask() + "|";
+        return text;
+    };
     main.raManual.setText("12");
     program.setFormats("HH:MM\t+DD:MM\tN", "HH\tDD");
-    EXPECT_EQ(main.raManual.cueText(), "HH MM");
     main.inFormat.RAFormat.setValue("DDD");
-    program.machine.scheduler.advance(9ms);
-    EXPECT_EQ(main.raManual.cueText(), "HH MM");
-    program.machine.scheduler.advance(1ms);
-    EXPECT_EQ(main.raManual.cueText(), "DDD");
-    EXPECT_EQ(main.raManual.mask(), "");
-    EXPECT_EQ(main.decManual.mask(), R"(&##\:##\.99999)");
+    EXPECT_EQ(shown(9ms), R"(HH MM ##\ ##\.99999|+DD MM &##\ ##\.99999|)");
+    EXPECT_EQ(shown(1ms), R"(DDD |+DD:MM &##\:##\.99999|)");
     main.DataEntryMask.setValue(false);
-    program.machine.scheduler.advance(10ms);
-    EXPECT_EQ(main.decManual.mask(), "");
-    EXPECT_EQ(main.decManual.cueText(), "+DD:MM");
+    EXPECT_EQ(shown(10ms), "DDD |+DD:MM |");
     EXPECT_EQ(main.raManual.text(), "12");
 }
 
@@ -114,14 +84,15 @@ TEST_F(ConversionTest, EvenRowsHaveAStripeUnlessTheyAreSelected) {
 
         int Height() const override { return 20; }
 
-        void setForeColor(Color newColor) override { color = newColor; }
-
-        void FillRect(int x, int y, int width, int height) override {
-            filled = x == 0 && y == 0 && width == 200 && height == 20;
+        void setForeColor(Color color) override {
+            drawn += color == Color{0xEFEFEF} ? "grey" : "?";
         }
 
-        Color color;
-        bool filled = false;
+        void FillRect(int x, int y, int width, int height) override {
+            drawn += std::to_string(x + y) + std::to_string(width * height);
+        }
+
+        std::string drawn;
     };
 
     std::string stripes;
@@ -131,7 +102,7 @@ TEST_F(ConversionTest, EvenRowsHaveAStripeUnlessTheyAreSelected) {
     for (std::int64_t row = 0; row < 5; ++row) {
         Paint paint;
         EXPECT_FALSE(main.list.paintCellBackground(paint, row, 0));
-        stripes += paint.filled && paint.color == Color{0xEFEFEF} ? '#' : '.';
+        stripes += paint.drawn == "grey04000" ? '#' : paint.drawn.empty() ? '.' : '?';
     }
     EXPECT_EQ(stripes, "#...#");
 }

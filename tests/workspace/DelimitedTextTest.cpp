@@ -5,86 +5,52 @@
 namespace skyvert {
 namespace {
 
-using Fields = std::vector<std::string>;
-
-Fields split(std::string_view line, Dialect dialect) {
-    LineSplitter splitter;
-    const auto fields = splitter.split(line, dialect);
-    return {fields.begin(), fields.end()};
+/// Each field of a line in brackets.
+std::string split(LineSplitter& splitter, std::string_view line, Dialect dialect) {
+    std::string fields;
+    for (const std::string_view field : splitter.split(line, dialect))
+        fields.append("[").append(field).append("]");
+    return fields;
 }
 
 TEST(DelimitedText, ReadsEveryDialect) {
+    // clang-format off
     const struct {
-        Dialect dialect;
-        std::string_view line;
-        Fields fields;
-    } cases[] = {
-        {Dialect::Tab, "", {}},
-        {Dialect::Tab, "a\t\tb\t", {"a", "", "b", ""}},
-        {Dialect::Tab, "a b", {"a b"}},
-        {Dialect::Space, "a  b c", {"a", "b", "c"}},
-        {Dialect::Space, "a   b", {"a", "", "b"}},
-        {Dialect::Space, " a", {"", "a"}},
-        {Dialect::None, "a\tb,c d", {}},
-        {Dialect::Comma, "", {}},
-        {Dialect::Comma, " \t ", {}},
-        {Dialect::Comma, "a,b,c", {"a", "b", "c"}},
-        {Dialect::Comma, "a , b", {"a", "b"}},
-        {Dialect::Comma, "a,b,", {"a", "b"}},
-        {Dialect::Comma, "a,,b", {"a", "", "b"}},
-        {Dialect::Comma, ",a", {"", "a"}},
-        {Dialect::Comma, ",", {""}},
-        {Dialect::Comma, R"("a,b",c)", {"a,b", "c"}},
-        {Dialect::Comma, R"("a""b")", {R"(a"b)"}},
-        {Dialect::Comma, R"("")", {""}},
-        {Dialect::Comma, R"("",x)", {"", "x"}},
-        {Dialect::Comma, R"(" a " , b)", {" a ", "b"}},
-        {Dialect::Comma, R"("abc"def,ghi)", {"abc", "def", "ghi"}},
-        {Dialect::Comma, R"("abc)", {"abc"}},
-        {Dialect::Comma, R"("abc"")", {R"(abc")"}},
-        {Dialect::Comma, R"(""")", {R"(")"}},
-        {Dialect::Comma, R"(a"b,c)", {R"(a"b)", "c"}},
-        {Dialect::Comma, "\"12\xC2\xB0,\",b", {"12\xC2\xB0,", "b"}},
-        {Dialect::Comma, "\"a\"  \t\"b\" ,", {"a", "b"}},
-    };
+        const char* dialect;
+        std::vector<std::pair<const char*, const char*>> lines;
+    } tables[] = {
+        {"", {{"a\tb,c d", ""}}},
+        {"Tab-Separated", {{"", ""}, {"a\t\tb\t", "[a][][b][]"}, {"a b", "[a b]"}}},
+        {"space-separated", {{"a  b c", "[a][b][c]"}, {"a   b", "[a][][b]"}, {" a", "[][a]"}}},
+        {"Comma-separated", {
+            {"", ""}, {" \t ", ""}, {"a,b,c", "[a][b][c]"}, {"a , b", "[a][b]"}, {"a,b,", "[a][b]"},
+            {"a,,b", "[a][][b]"}, {",a", "[][a]"}, {",", "[]"}, {R"("a,b",c)", "[a,b][c]"},
+            {R"("a""b")", R"([a"b])"}, {R"("")", "[]"}, {R"("",x)", "[][x]"},
+            {R"(" a " , b)", "[ a ][b]"}, {R"("abc"def,ghi)", "[abc][def][ghi]"},
+            {R"("abc)", "[abc]"}, {R"("abc"")", R"([abc"])"}, {R"(""")", R"(["])"},
+            {R"(a"b,c)", R"([a"b][c])"}, {"\"a\"  \t\"b\u00B0,\" ,", "[a][b\u00B0,]"},
+            // A line that differs from the one before in case alone yields the fields of that.
+            {"12h,+3", "[12h][+3]"}, {"12H,+3", "[12h][+3]"}, {"12H,+3 ", "[12H][+3]"}}}};
 
-    for (const auto& [dialect, line, fields] : cases)
-        EXPECT_EQ(split(line, dialect), fields) << line;
+    // clang-format on
+    for (const auto& [dialect, lines] : tables) {
+        LineSplitter splitter;
+        for (const auto& [line, fields] : lines)
+            EXPECT_EQ(split(splitter, line, dialectNamed(dialect)), fields) << line;
+    }
 }
 
 TEST(DelimitedText, WritesEveryDialect) {
-    const auto record = [](Dialect dialect, std::vector<std::string_view> fields) {
-        std::string line;
-        appendRecord(fields, dialect, line);
-        return line;
-    };
-    EXPECT_EQ(record(Dialect::Tab, {"a b", "", "c"}), "a b\t\tc");
-    EXPECT_EQ(record(Dialect::Space, {"a b", "", "c"}), "a b  c");
-    EXPECT_EQ(record(Dialect::Comma, {"a,b", "a\"b", " a ", ""}), R"("a,b","a""b", a ,)");
-    EXPECT_EQ(record(Dialect::None, {"a"}), "");
-    std::string line;
-    JoinCommaSeparated(std::vector<std::string_view>{"ab", ""}, true, line);
-    EXPECT_EQ(line, R"("ab","")");
-}
-
-TEST(DelimitedText, ALineThatDiffersInCaseAloneYieldsTheFieldsBefore) {
-    LineSplitter splitter;
-    const auto read = [&](std::string_view line) {
-        const auto fields = splitter.split(line, Dialect::Comma);
-        return Fields{fields.begin(), fields.end()};
-    };
-    EXPECT_EQ(read("12h,+3"), (Fields{"12h", "+3"}));
-    EXPECT_EQ(read("12H,+3"), (Fields{"12h", "+3"}));
-    EXPECT_EQ(read("12H,+3 "), (Fields{"12H", "+3"}));
-    EXPECT_EQ(read("x"), (Fields{"x"}));
-    EXPECT_EQ(read(""), Fields{});
-}
-
-TEST(DelimitedText, DialectsAreNamedInAnyCase) {
-    EXPECT_EQ(dialectNamed("Tab-Separated"), Dialect::Tab);
-    EXPECT_EQ(dialectNamed("space-separated"), Dialect::Space);
-    EXPECT_EQ(dialectNamed("Comma-separated"), Dialect::Comma);
-    EXPECT_EQ(dialectNamed(""), Dialect::None);
+    const std::string_view fields[] = {"a,b", "a\"b", "", " c "};
+    std::string text;
+    for (const Dialect dialect : {Dialect::Tab, Dialect::Space, Dialect::Comma, Dialect::None}) {
+        appendRecord(fields, dialect, text);
+        text += "\n";
+    }
+    EXPECT_EQ(text, "a,b\ta\"b\t\t c \na,b a\"b   c \n\"a,b\",\"a\"\"b\",, c \n\n");
+    std::string quoted;
+    JoinCommaSeparated(fields, true, quoted);
+    EXPECT_EQ(quoted, R"("a,b","a""b",""," c ")");
 }
 
 } // namespace

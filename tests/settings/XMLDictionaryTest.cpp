@@ -1,0 +1,284 @@
+#include "settings/XMLDictionary.h"
+
+#include "platform/Objects.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <map>
+
+namespace skyvert {
+namespace {
+
+using namespace std::string_literals;
+
+std::shared_ptr<Dictionary> dictionary(std::initializer_list<std::pair<Variant, Variant>> entries) {
+    auto made = std::make_shared<Dictionary>();
+    for (const auto& [key, value] : entries)
+        made->setValue(key, value);
+    return made;
+}
+
+std::shared_ptr<Collection> collection(std::initializer_list<Variant> items) {
+    auto made = std::make_shared<Collection>();
+    for (const Variant& item : items)
+        made->Add(item);
+    return made;
+}
+
+std::shared_ptr<MemoryBlock> block(const char* bytes) {
+    return std::make_shared<MemoryBlock>(bytes);
+}
+
+/// What stands between the tags of the outermost dictionary, with its layout.
+std::string body(const std::shared_ptr<Dictionary>& storage, bool plist = false) {
+    const std::string text = ExportXMLString(storage, plist);
+    const std::size_t begin = text.find(plist ? "<dict>\n" : "\"1.1\">\n") + 7;
+    return text.substr(begin, text.rfind(plist ? "</dict>" : "</xmldict>") - begin);
+}
+
+TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
+    // clang-format off
+    const struct {
+        Variant value;
+        std::string xmldict;
+        std::string plist = xmldict;
+    } cases[] = {
+        {{}, "<null/>", "<false/>"}, {std::int32_t{-7}, "<integer>-7</integer>"},
+        {std::numeric_limits<std::int64_t>::min(), "<integer>-9223372036854775808</integer>"},
+        {0.1F, "<real>.100000001490116</real>"}, {0.0, "<real>.0</real>"},
+        {2.0, "<real>2.0</real>"}, {-1.25, "<real>-1.25</real>"},
+        {2.0 / 3.0, "<real>.666666666666667</real>"},
+        {1e22, "<real>10000000000000000000000.0</real>"},
+        {DateValue{2000, 2, 29, 12, 5, 9}, "<date>2000-02-29 12:05:09</date>"}, {"", "<string/>"},
+        {"a\tb <&> \"'\r\n", "<string>a\tb &lt;&amp;&gt; \"'&#13;\n</string>"},
+        {"\0\x1F|\u00E9|\xE9|\x80|\xEF\xBF\xBF|\xED\xA0\x80"s,
+         "<string>\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>"},
+        {true, "<true/>"}, {Color{0x00FF8040}, "<color>#FF8040</color>", "<false/>"},
+        {Color{0xFFAB0012}, "<color>#FFAB0012</color>", "<false/>"},
+        {Color{}, "<color>#0</color>", "<false/>"},
+        {std::make_shared<Object>(), "<null/>", "<false/>"},
+        {std::make_shared<FolderItem>("/a"), "<file>\n\tL2E=\n\t</file>", "<false/>"},
+        {block(""), "<data>\n\t</data>"}, {block("\xFF\xFE"), "<data>\n\t//4=\n\t</data>"},
+        {block("The quick brown fox jumps over the la"),
+         "<data>\n\tVGhlIHF1aWNrIGJyb3duIGZveCBqdW1wcyBvdmVyIHRoZ\n\tSBsYQ==\n\t</data>"},
+        {dictionary({}), "<dict>\n\t</dict>"},
+        {collection({"a", collection({})}),
+         "<array>\n\t\t<string>a</string>\n\t\t<array>\n\t\t</array>\n\t</array>"},
+        {dictionary({{"k", block("abc")}}),
+         "<dict>\n\t\t<key>k</key>\n\t\t<data>\n\t\tYWJj\n\t\t</data>\n\t</dict>"}};
+
+    // clang-format on
+    for (const auto& [value, xmldict, plist] : cases) {
+        const auto storage = dictionary({{"key", value}});
+        EXPECT_EQ(body(storage), "\t<key>key</key>\n\t" + xmldict + "\n");
+        EXPECT_EQ(body(storage, true), "\t<key>key</key>\n\t" + plist + "\n");
+    }
+    EXPECT_EQ(body(dictionary({{{}, "a"}, {std::int32_t{12}, true}, {"<\x01>", false}})),
+              "\t<string>a</string>\n\t<key>12</key>\n\t<true/>\n"
+              "\t<key>&lt;\uFFFD&gt;</key>\n\t<false/>\n");
+    EXPECT_THROW(ExportXML(nullptr, false), std::invalid_argument);
+}
+
+TEST(XMLDictionaryWriter, AStorageIsWrittenOnceAndCyclesEnd) {
+    const auto shared = collection({"x"});
+    const auto cyclic = dictionary({{"a", shared}, {"b", shared}});
+    cyclic->setValue("self", cyclic);
+    EXPECT_EQ(body(cyclic), "\t<key>a</key>\n\t<array>\n\t\t<string>x</string>\n\t</array>\n"
+                            "\t<key>b</key>\n\t<array>\n\t</array>\n"
+                            "\t<key>self</key>\n\t<dict>\n\t</dict>\n");
+    cyclic->setValue("self", {});
+}
+
+TEST(XMLDictionaryWriter, WhatIsNestedTooDeepForTheReaderIsLeftOut) {
+    auto storage = dictionary({{"bottom", true}});
+    for (int level = 0; level < 3000; ++level)
+        storage = dictionary({{"k", storage}});
+    for (const bool plist : {false, true}) {
+        const std::string text = ExportXMLString(storage, plist);
+        EXPECT_EQ(text.find("bottom"), std::string::npos);
+        EXPECT_TRUE(LoadXML(std::make_shared<Dictionary>(), text));
+    }
+}
+
+/// A value in one line: strings behind an apostrophe, doubles with an R, 64-bit integers with an I,
+/// dictionaries and lists in brackets.
+std::string shown(const Variant& value) {
+    std::string text;
+    for (std::size_t i = 0; i < StorageCount(value); ++i) {
+        const Variant& key = StorageKey(value, i);
+        text += (i == 0 ? "" : " ") + (key.isNil() ? "" : key.stringValue() + "=");
+        text += shown(StorageValue(value, i));
+    }
+    if (value.type() == VarType::Object)
+        return value.object<Dictionary>() != nullptr ? "{" + text + "}" : "[" + text + "]";
+    using enum VarType;
+    std::map<VarType, std::string> marks{{Nil, "nil"}, {String, "'"}, {Double, "R"}, {Long, "I"}};
+    return marks[value.type()] + value.stringValue();
+}
+
+/// What a document holds, or "refused"; a refused one must leave the dictionary alone.
+std::string read(const std::string& document) {
+    const auto storage = std::make_shared<Dictionary>();
+    const bool loaded = LoadXML(storage, document);
+    EXPECT_TRUE(loaded || storage->Count() == 0);
+    return loaded ? shown(storage) : "refused";
+}
+
+TEST(XMLDictionaryReader, EntriesAreReadByTheTableOfElements) {
+    // clang-format off
+    const std::array<std::string, 3> values[] = {
+        {"integer", "12.9", "I12"}, {"integer", "-12.9", "I-12"}, {"integer", "12 apples", "I12"},
+        {"integer", "9007199254740993", "I9007199254740992"}, {"integer", "apples", "I0"},
+        {"integer", "-99999999999999999999", "I-9223372036854775808"}, {"real", "-1.25", "R-1.25"},
+        {"real", ".5", "R0.5"}, {"real", "", "R0"}, {"null", "", "nil"}, {"false", "", "false"},
+        {"date", "2000-02-29 12:05:09", "2000-02-29 12:05:09"}, {"date", "1900-02-29", "nil"},
+        {"date", "2000-02-29", "2000-02-29 00:00:00"}, {"date", "soon", "nil"},
+        {"color", "#FF8040", "&h00ff8040"}, {"color", "?1", "&h00000001"},
+        {"color", "", "&h00000000"}, {"color", "#123456789", "&h00000000"}, {"string", "", "'"},
+        {"String", "  ", "'  "}, {"string", " x\ty ", "' x\ty "},
+        {"string", "x<!--c-->y<![CDATA[<z>]]><b k=\"&lt;\">&amp;</b> <?p i?>",
+         "'x<!--c-->y<![CDATA[<z>]]><b k=\"&lt;\">&amp;</b> <?p i?>"},
+        {"string", "&lt;&gt;&amp;&apos;&quot;&#65;&#xe9;&#x1F52D;&amp;lt;1\r\n2\r3&#13;4",
+         "'<>&'\"A\u00E9\U0001F52D&lt;1\n2\n3\r4"},
+        {"array", "<true/><key>k</key><string>s</string><data/><array/>", "[true 's []]"}};
+    const std::pair<std::string, const char*> entries[] = {
+        {" \n<KEY>a</KEY>\n\t<true/> <key>a</key><null/><key> </key><true/><key/><true/>"
+         "<key>A</key><true/>", "{a=nil  =true =true A=true}"},
+        {"<key>a</key><data>AAAA</data><key>b</key><file>AAAA</file><true/><key>d</key><key>e</key>"
+         "<true/><key>c</key><strange><true/></strange><true/><key>f</key>text<!-- c --><?pi x?>"
+         "<![CDATA[y]]><true/><key>g</key>", "{f=true}"},
+        {"<key>d</key><true/><key>d</key><dict><key>a</key><true/><key>b</key><true/></dict>"
+         "<key>d</key><dict><key>b</key><false/><key>c</key><dict/></dict>",
+         "{d={a=true b=false c={}}}"}};
+    // clang-format on
+    const auto expectRead = [](const std::string& text, const std::string& expected) {
+        EXPECT_EQ(read("<xmldict version=\"1.1\">" + text + "</xmldict>"), expected);
+        EXPECT_EQ(read("<plist version='1.0'>\n<!--c--><dict>" + text + "</dict><x/></plist>"),
+                  expected);
+    };
+    for (const auto& [name, contents, value] : values)
+        expectRead("<key>k</key><" + name + ">" + contents + "</" + name + ">",
+                   "{k=" + value + "}");
+    for (const auto& [text, expected] : entries)
+        expectRead(text, expected);
+}
+
+std::string utf16(std::string_view ascii, bool bigEndian) {
+    std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (const char byte : ascii)
+        bytes.append(bigEndian ? std::string{'\0', byte} : std::string{byte, '\0'});
+    return bytes;
+}
+
+TEST(XMLDictionaryReader, DocumentsAreJudgedAsAWhole) {
+    const std::string good = "<d><key>a</key><true/></d>";
+    const std::string type = "<!DOCTYPE d SYSTEM \"http://nowhere.invalid/\" [<!ENTITY e \"x\">]>";
+    const std::string declaration = "<?xml version=\"1.0\"?>";
+    for (const std::string& document :
+         {good, type + good, utf16(good, false), utf16(good, true),
+          "\xEF\xBB\xBF" + declaration + "\n<!--c-->" + type + "<?p?>" + good + "\n<!--c-->",
+          "<PLIST>x<!--c--><DICT><key>a</key><true/></DICT></PLIST>"s})
+        EXPECT_EQ(read(document), "{a=true}") << document;
+    for (const char* document : {"<plist version=\"1.0.1\"><dict/></plist>",
+                                 "<any version=\"1.1.9\"/>", "<any version=\"x\"/>"})
+        EXPECT_EQ(read(document), "{}") << document;
+    // clang-format off
+    const std::string refused[] = {
+        "<plist version=\"1.1\"><dict/></plist>", "<plist/>", "<plist><array/><dict/></plist>",
+        "<xmldict version=\"1.2\"><key>a</key><true/></xmldict>", "<d version=\"&#x32;\"/>", "", " \n",
+        utf16(good, true) + "\xD8", utf16(good, false) + "\x00\xD8\n\0"s, "text", good + good,
+        good + "x", "x" + good, "<![CDATA[x]]>" + good, "\n" + declaration + good, good + "\0"s,
+        type + type + good, good + type, type + "<d>&e;</d>", "<d x=\"<\"/>", "<d x=\"\" x=\"\"/>", "<d"};
+    // clang-format on
+    for (const std::string& document : refused)
+        EXPECT_EQ(read(document), "refused") << document;
+    for (const std::string content :
+         {"\x01", "\xE9", "\xEF\xBF\xBE", "&", "&none;", "&amp", "&#0;", "&#x110000;", "&#xD800;",
+          "&#-65;", "&#;", "]]>", "<!-- -- -->", "<e>"})
+        EXPECT_EQ(read("<d>" + content + "</d>"), "refused") << content;
+}
+
+TEST(XMLDictionaryReader, DeepNestingIsReadToTheLimitAndRefusedBehindIt) {
+    for (const auto& [arrays, fits] : {std::pair{999, true}, {1000, false}, {100'000, false}}) {
+        std::string document = "<d><key>k</key>";
+        for (const char* tag : {"<array>", "</array>"})
+            for (int i = 0; i < arrays; ++i)
+                document += tag;
+        EXPECT_EQ(read(document + "</d>") != "refused", fits) << arrays;
+    }
+    EXPECT_EQ(read(std::string(100'000, '<')), "refused");
+}
+
+const std::string kSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
+<!DOCTYPE xmldict PUBLIC "-//Marlowick//DTD XMLDICT 1.1//EN" "http://localhost/DTDs/XMLDictionary-1.1.dtd">
+
+<xmldict version="1.1">
+	<key>inFormat</key>
+	<string>HH MM	+DD MM	Y	1	1</string>
+	<key>nested &amp; more</key>
+	<dict>
+		<key>list</key>
+		<array>
+			<null/>
+			<real>-1.25</real>
+			<color>#FF8040</color>
+			<date>2000-01-01 12:00:00</date>
+		</array>
+	</dict>
+</xmldict>
+)";
+
+constexpr auto kEmptyPlist = R"(<?xml version="1.0" encoding="UTF-8"?>
+<!DOCTYPE plist PUBLIC "-//Apple Computer//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+
+<plist version="1.0">
+<dict>
+</dict>
+</plist>
+)";
+
+std::string rewritten(const std::string& document) {
+    const auto storage = std::make_shared<Dictionary>();
+    return LoadXML(storage, document) ? ExportXMLString(storage, false) : "refused";
+}
+
+TEST(XMLDictionary, WhatIsWrittenIsExactToTheByteAndReadsBack) {
+    EXPECT_EQ(rewritten(kSettings), kSettings);
+    EXPECT_EQ(ExportXMLString(dictionary({}), true), kEmptyPlist);
+    const auto storage = std::make_shared<Dictionary>();
+    ASSERT_TRUE(LoadXML(storage, kSettings));
+    for (const bool plist : {false, true}) {
+        const auto again = std::make_shared<Dictionary>();
+        EXPECT_TRUE(LoadXML(again, ExportXML(storage, plist)));
+        EXPECT_EQ(shown(again), read(ExportXMLString(storage, plist)));
+        EXPECT_EQ(shown(again) == shown(storage), !plist);
+    }
+}
+
+TEST(XMLDictionaryReader, DamageIsRefusedOrReadButNeverBreaksWhatIsWrittenNext) {
+    for (std::size_t at = 0; at < kSettings.size(); ++at) {
+        EXPECT_EQ(read(kSettings.substr(0, at)) == "refused", at + 1 < kSettings.size()) << at;
+        for (const char byte : {'\0', '<', '&', '/', ' ', '\x7F', '\xFF'}) {
+            std::string damaged = kSettings;
+            damaged[at] = byte;
+            const std::string once = rewritten(damaged);
+            EXPECT_EQ(rewritten(once), once) << at;
+        }
+    }
+}
+
+TEST(XMLDictionaryReader, LoadingAddsToWhatIsThere) {
+    const auto storage = std::make_shared<Dictionary>();
+    storage->setValue("old", true);
+    EXPECT_TRUE(LoadXML(storage, "<d><key>d</key><dict><key>a</key><true/></dict></d>"s));
+    EXPECT_TRUE(LoadXML(storage, "<d><key>old</key><false/><key>d</key>"
+                                 "<dict><key>b</key><true/></dict></d>"s));
+    EXPECT_FALSE(LoadXML(storage, "<d><key>old</key><true/>"s));
+    EXPECT_FALSE(LoadXML(storage, XmlDocument()));
+    EXPECT_EQ(shown(storage), "{old=false d={a=true b=true}}");
+    EXPECT_THROW(LoadXML(nullptr, "<d/>"s), std::invalid_argument);
+}
+
+} // namespace
+} // namespace skyvert
