@@ -54,6 +54,15 @@ public:
     std::filesystem::path out;
 };
 
+class NoProgress : public Progress {
+public:
+    void begin(std::string_view /*what*/) override {}
+
+    void report(std::int64_t /*rows*/, double /*fraction*/) override {}
+
+    void end() override {}
+};
+
 /// The program as far as its event loop, with its settings in the folder `settings`.
 struct Program {
     explicit Program(const std::filesystem::path& settings) : app(desktop, settings) {
@@ -66,7 +75,8 @@ struct Program {
     SystemClock clock;
     PatientScheduler scheduler;
     FixedDialogs dialogs;
-    Desktop desktop{locale, clock, scheduler, dialogs};
+    NoProgress progress;
+    Desktop desktop{locale, clock, scheduler, dialogs, progress};
     App app;
     std::optional<MainWindow> window;
 };

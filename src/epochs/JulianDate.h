@@ -30,7 +30,8 @@ double DateToJulian(std::int64_t year, std::int64_t month, double day);
 /// The Julian date of 0h of the day. The time of day is not read, so the result ends in .5.
 double DateToJulian(const Date& date);
 
-/// The calendar date and time of a Julian date, rounded to the second.
+/// The calendar date and time of a Julian date, rounded to the second. A moment that rounds to
+/// midnight is put on the next day by the Gregorian calendar, whichever calendar the day is of.
 ///
 /// The formulas hold for 0 and later. Earlier dates are put into them as well; those beyond 10 to
 /// the 15th either way count as that number, and NaN gives no day of the calendar.

@@ -2,7 +2,6 @@
 
 #include "platform/Unicode.h"
 
-#include <algorithm>
 #include <array>
 
 namespace skyvert {
@@ -11,7 +10,7 @@ namespace {
 
 struct LookAlike {
     std::string_view character;
-    std::string_view meant; ///< never the longer one
+    std::string_view meant;
 };
 
 constexpr std::array<LookAlike, 15> kLookAlikes{{
@@ -32,36 +31,27 @@ constexpr std::array<LookAlike, 15> kLookAlikes{{
     {"\u02E2", "s"},  // modifier letter small s
 }};
 
-constexpr bool isAsciiByte(char byte) {
-    return (static_cast<unsigned char>(byte) & 0x80U) == 0;
+/// What stands for the character that `text` opens with: a look-alike's meaning, or else the first
+/// byte as it is.
+LookAlike firstOf(std::string_view text) {
+    for (const LookAlike& one : kLookAlikes) {
+        if (text.starts_with(one.character))
+            return one;
+    }
+    return {text.substr(0, 1), text.substr(0, 1)};
 }
 
 } // namespace
 
-void FoldLookAlikes(std::string& text) {
-    const auto firstOther = std::find_if_not(text.begin(), text.end(), isAsciiByte);
-    char* to = text.data() + (firstOther - text.begin());
-    std::string_view rest(to, static_cast<std::size_t>(text.end() - firstOther));
-    while (!rest.empty()) {
-        const auto* const found =
-            isAsciiByte(rest.front())
-                ? kLookAlikes.end()
-                : std::find_if(kLookAlikes.begin(), kLookAlikes.end(), [&](const LookAlike& one) {
-                      return rest.starts_with(one.character);
-                  });
-        const LookAlike plain{rest.substr(0, 1), rest.substr(0, 1)};
-        const LookAlike& taken = found == kLookAlikes.end() ? plain : *found;
-        to = std::copy(taken.meant.begin(), taken.meant.end(), to);
-        rest.remove_prefix(taken.character.size());
-    }
-    text.resize(static_cast<std::size_t>(to - text.data()));
-}
-
-std::string_view FoldLookAlikes(std::string_view text, std::string& storage) {
+std::string_view foldLookAlikes(std::string_view text, std::string& storage) {
     if (isAscii(text))
         return text;
-    storage = text;
-    FoldLookAlikes(storage);
+    storage.clear();
+    while (!text.empty()) {
+        const LookAlike first = firstOf(text);
+        storage += first.meant;
+        text.remove_prefix(first.character.size());
+    }
     return storage;
 }
 

@@ -57,12 +57,12 @@ std::vector<std::string> RADecFormat::SupportedDecFormats() {
 
 void RADecFormat::setRaFormat(std::string_view name) {
     raFormat_ = name;
-    raNotation_ = findNotation(notationsOfRA(), name);
+    raNotation_ = findNotation(notationsOfRA(), raFormat_);
 }
 
 void RADecFormat::setDecFormat(std::string_view name) {
     decFormat_ = name;
-    decNotation_ = findNotation(notationsOfDec(), name);
+    decNotation_ = findNotation(notationsOfDec(), decFormat_);
 }
 
 } // namespace skyvert

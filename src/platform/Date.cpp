@@ -21,12 +21,12 @@ constexpr std::int64_t kCycleDays = 146097;
 constexpr std::int64_t kMonths = 12;
 constexpr double kSecondsOfDay = 86400.0;
 
-struct Split {
-    std::int64_t quotient;
+struct Quotient {
+    std::int64_t whole;
     std::int64_t remainder; ///< 0 to divisor - 1
 };
 
-Split floorDivide(std::int64_t value, std::int64_t divisor) {
+Quotient floorDivide(std::int64_t value, std::int64_t divisor) {
     const std::int64_t remainder = value % divisor;
     const bool below = remainder < 0;
     return {value / divisor - (below ? 1 : 0), below ? remainder + divisor : remainder};
@@ -34,13 +34,13 @@ Split floorDivide(std::int64_t value, std::int64_t divisor) {
 
 /// Days from 1970-01-01 to a calendar day.
 double dayNumber(std::int64_t year, std::int64_t month, std::int64_t day) {
-    const Split cycle = floorDivide(year, kCycleYears);
+    const Quotient cycle = floorDivide(year, kCycleYears);
     // Subtracting 1 from the month before the division would overflow for the lowest integer.
-    const Split months = floorDivide(month, kMonths);
-    const Split years = floorDivide(cycle.remainder + months.quotient, kCycleYears);
+    const Quotient months = floorDivide(month, kMonths);
+    const Quotient years = floorDivide(cycle.remainder + months.whole, kCycleYears);
     const ch::year_month first = ch::year(static_cast<int>(years.remainder)) / ch::January +
                                  ch::months(months.remainder - 1);
-    return static_cast<double>(cycle.quotient + years.quotient) * kCycleDays +
+    return static_cast<double>(cycle.whole + years.whole) * kCycleDays +
            static_cast<double>(ch::sys_days(first / 1).time_since_epoch().count()) +
            static_cast<double>(day) - 1.0;
 }
@@ -70,11 +70,11 @@ double Date::TotalSeconds() const {
 
 void Date::setTotalSeconds(double seconds) {
     const ch::sys_days origin;
-    const Split days = floorDivide(truncated(std::floor(seconds)), 86400);
-    const Split cycle = floorDivide(days.quotient, kCycleDays);
+    const Quotient days = floorDivide(truncated(std::floor(seconds)), 86400);
+    const Quotient cycle = floorDivide(days.whole, kCycleDays);
     const ch::year_month_day civil(origin + ch::days(cycle.remainder));
     const ch::hh_mm_ss clock{ch::seconds(days.remainder)};
-    *this = Date(int{civil.year()} + cycle.quotient * kCycleYears, unsigned{civil.month()},
+    *this = Date(int{civil.year()} + cycle.whole * kCycleYears, unsigned{civil.month()},
                  unsigned{civil.day()}, clock.hours().count(), clock.minutes().count(),
                  clock.seconds().count());
 }

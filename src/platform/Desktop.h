@@ -3,6 +3,7 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Locale.h"
+#include "platform/Progress.h"
 #include "platform/Timer.h"
 
 namespace skyvert {
@@ -13,6 +14,7 @@ struct Desktop {
     const Clock& clock;
     Scheduler& scheduler;
     Dialogs& dialogs;
+    Progress& progress;
 };
 
 } // namespace skyvert

@@ -104,6 +104,9 @@ TextInputStream TextInputStream::Open(const fs::path& file) {
     if (!stream)
         throw FileError(file, "opened", errno);
     TextInputStream input(file, std::move(stream));
+    std::error_code sizeless;
+    const std::uintmax_t size = fs::file_size(file, sizeless);
+    input.size_ = sizeless ? 0 : size;
     input.detectEncoding();
     return input;
 }
@@ -121,6 +124,10 @@ void TextInputStream::detectEncoding() {
     encoding_ = little ? Encoding::Utf16Little : Encoding::Utf16Big;
     const std::string bytes = std::exchange(buffer_, {}).substr(kUtf16LittleMark.size());
     appendUtf16(bytes);
+}
+
+double TextInputStream::fractionRead() const {
+    return bytesRead_ < size_ ? static_cast<double>(bytesRead_) / static_cast<double>(size_) : 1.0;
 }
 
 std::size_t TextInputStream::readBytes(char* target, std::size_t count) {

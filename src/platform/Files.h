@@ -53,8 +53,8 @@ public:
     /// until the next call. Throws `FileError` when the file cannot be read.
     std::string_view ReadLine();
 
-    /// Bytes taken from the file so far.
-    std::uintmax_t bytesRead() const { return bytesRead_; }
+    /// The part of the file that has been taken so far, from 0 to 1.
+    double fractionRead() const;
 
     void Close() { stream_.reset(); }
 
@@ -75,6 +75,7 @@ private:
     FileStream stream_;
     Encoding encoding_ = Encoding::EightBit;
     std::uintmax_t bytesRead_ = 0;
+    std::uintmax_t size_ = 0; ///< of the file when it was opened; 0 for what has none
     bool sourceEnded_ = false;
     std::string buffer_;           ///< UTF-8 or bytes to be judged line by line
     std::size_t begin_ = 0;        ///< first byte of `buffer_` that no line has taken

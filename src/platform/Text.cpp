@@ -107,11 +107,6 @@ void ReplaceAll(std::string_view text, std::string_view wanted, std::string_view
     replace(text, wanted, by, true, out);
 }
 
-std::size_t InStr(std::string_view text, std::string_view wanted) {
-    const std::size_t found = findIgnoringCase(text, wanted, 0);
-    return found == std::string_view::npos ? 0 : Len(text.substr(0, found)) + 1;
-}
-
 std::size_t Len(std::string_view text) {
     const auto starts = std::count_if(text.begin(), text.end(), startsCharacter);
     const bool strayOpening = !text.empty() && !startsCharacter(text.front());

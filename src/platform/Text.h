@@ -46,13 +46,10 @@ std::string Replace(std::string_view text, std::string_view wanted, std::string_
 
 /// The text with every occurrence replaced, in one pass from left to right. What has been put in
 /// is not looked at again: of four blanks, "two blanks by one" leaves two.
-/// The form with `out` puts the result there, in place of what it held.
+/// The form with `out`, which `text` must not view, puts the result there.
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view by);
 void ReplaceAll(std::string_view text, std::string_view wanted, std::string_view by,
                 std::string& out);
-
-/// The position of the first occurrence of `wanted`, in any letter case; 0 when there is none.
-std::size_t InStr(std::string_view text, std::string_view wanted);
 
 /// The number of characters.
 std::size_t Len(std::string_view text);

@@ -166,9 +166,8 @@ void DateControlView::mirror() {
 TextFieldView::TextFieldView(TextField& control, const Desktop& desktop, QWidget* parent)
     : WidgetView(control, desktop, parent) {
     setFold([](std::string_view text) {
-        std::string folded(text);
-        FoldLookAlikes(folded);
-        return folded;
+        std::string storage;
+        return std::string(foldLookAlikes(text, storage));
     });
     connect(this, &MaskedLineEdit::edited, this,
             [this] { act([this] { this->control().setText(toUtf8(text())); }); });

@@ -1,4 +1,5 @@
 #include "qt/MainWindowView.h"
+#include "qt/ProgressOverlay.h"
 #include "qt/QtDialogs.h"
 #include "qt/QtText.h"
 #include "qt/QtTimers.h"
@@ -49,10 +50,11 @@ std::filesystem::path applicationData() {
 }
 
 /// The window's life. Returns the exit code of the event loop.
-int runWindow(App& app) {
+int runWindow(App& app, ProgressOverlay& progress) {
     MainWindow window(app);
     MainWindowView view(window, app);
     const UnixSignals unixSignals([&view] { view.closeAll(); });
+    progress.setWindow(&view);
     view.open();
     const int code = QApplication::exec();
     // Whatever ended the event loop: the close handlers have run when this is over.
@@ -70,14 +72,15 @@ int main(int argc, char* argv[]) {
     const SystemClock clock;
     QtDialogs dialogs;
     QtScheduler scheduler(dialogs);
-    const Desktop desktop{locale, clock, scheduler, dialogs};
+    ProgressOverlay progress;
+    const Desktop desktop{locale, clock, scheduler, dialogs, progress};
     App app(desktop, applicationData());
     app.onQuit = [](int code) { QApplication::exit(code); };
     QApplication::setApplicationName("Skyvert");
     QApplication::setApplicationVersion(toQString(app.version().Version));
 
     dispatch(dialogs, [&app] { app.Event_Open(); });
-    const int code = runWindow(app);
+    const int code = runWindow(app, progress);
     dispatch(dialogs, [&app] { app.Event_Close(); });
     return code;
 }

@@ -24,8 +24,11 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
     if (!file || isClosed())
         return;
     TextInputStream stream = TextInputStream::Open(*file);
-    while (!stream.endOfFile())
+    RowWork work(app_.desktop().progress, "Importing");
+    while (!stream.endOfFile()) {
         importLine(stream.ReadLine());
+        work.rowDone([&stream] { return stream.fractionRead(); });
+    }
     stream.Close();
 }
 
@@ -35,7 +38,7 @@ void MainWindow::importLine(std::string_view line) {
     if (isBlank(fields))
         return;
     const std::string_view dec = fields.size() > 1 ? fields[1] : std::string_view();
-    ConvertCoordinates(FoldLookAlikes(fields[0], foldedRA_), FoldLookAlikes(dec, foldedDec_));
+    ConvertCoordinates(foldLookAlikes(fields[0], foldedRA_), foldLookAlikes(dec, foldedDec_));
 }
 
 /// Tells the user when a popup's dialect separates by the very blanks that the notations hold.

@@ -11,8 +11,11 @@ void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
     if (!file || isClosed())
         return;
     TextOutputStream stream = TextOutputStream::Create(*file);
-    for (std::int64_t row = -1; row < list.RowCount(); ++row)
+    RowWork work(app_.desktop().progress, "Exporting");
+    for (std::int64_t row = -1; row < list.RowCount(); ++row) {
         exportRow(row, stream);
+        work.rowDone([&] { return partOf(row, list.RowCount()); });
+    }
     stream.Close();
 }
 

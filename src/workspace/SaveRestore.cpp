@@ -86,9 +86,11 @@ void MainWindow::SaveContents() {
     prefs().setValue(kRowCountKey, list.RowCount());
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
+    RowWork work(app_.desktop().progress, "Saving");
     for (std::int64_t row = 0; row <= list.LastIndex(); ++row) {
         prefs().setValue(raKey.of(row), list.Cell(row, 0));
         prefs().setValue(decKey.of(row), list.Cell(row, 1));
+        work.rowDone([&] { return partOf(row, list.RowCount()); });
     }
 }
 
@@ -102,9 +104,11 @@ void MainWindow::LoadContents() {
     const std::int64_t count = stored <= kMostRows ? stored : 0;
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
+    RowWork work(app_.desktop().progress, "Restoring");
     for (std::int64_t row = 0; row < count; ++row) {
         ConvertCoordinates(prefs().Value(raKey.of(row), 0.0).stringValue(),
                            prefs().Value(decKey.of(row), 0.0).stringValue());
+        work.rowDone([&] { return partOf(row, count); });
     }
     EpochChange();
 }

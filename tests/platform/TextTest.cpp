@@ -48,9 +48,6 @@ TEST(Text, PositionsCountCharactersFromOne) {
     EXPECT_EQ(Mid("abc", 0, 2), "ab");
     EXPECT_EQ(Mid("abc", 4), "");
     EXPECT_EQ(Len("12°34'"), 6U);
-    EXPECT_EQ(InStr("12°34'", "'"), 6U);
-    EXPECT_EQ(InStr("12h", "H"), 3U);
-    EXPECT_EQ(InStr("12h", "m"), 0U);
 }
 
 TEST(Text, BytesThatAreNoUtf8AreHarmless) {

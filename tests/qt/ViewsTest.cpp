@@ -122,7 +122,7 @@ TEST(Views, WhatAHandlerThrowsIsShownAndTheProgramGoesOn) {
     shown.open();
     shown.window.FileImportBtn.Action = [](PushButton&) { throw std::runtime_error("torn page"); };
     QTest::mouseClick(shown.find("FileImportBtn"), Qt::LeftButton);
-    EXPECT_EQ(shown.machine.dialogs.messages, std::vector<std::string>{"torn page"});
+    EXPECT_EQ(shown.machine.dialogs.messages, "torn page|");
 }
 
 TEST(Views, TheEditMenuActsOnTheFieldThatHasTheFocus) {

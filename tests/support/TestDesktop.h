@@ -3,6 +3,7 @@
 #include "platform/Controls.h"
 #include "platform/Desktop.h"
 
+#include <cmath>
 #include <filesystem>
 #include <map>
 #include <random>
@@ -71,6 +72,20 @@ struct ScriptedDialogs : Dialogs {
     std::string messages;
 };
 
+/// Notes what it is told, each piece ended by "|".
+class LoggedProgress : public Progress {
+public:
+    void begin(std::string_view what) override { log.append(what).append("|"); }
+
+    void report(std::int64_t rows, double fraction) override {
+        log += std::to_string(rows) + " " + std::to_string(std::lround(100 * fraction)) + "%|";
+    }
+
+    void end() override { log += "end|"; }
+
+    std::string log;
+};
+
 /// A machine made for a test: a stopped clock, a loop that is driven by hand, a scripted user.
 struct TestDesktop {
     explicit TestDesktop(Locale locale = {}) : locale(std::move(locale)) {}
@@ -79,7 +94,8 @@ struct TestDesktop {
     FixedClock clock;
     VirtualScheduler scheduler;
     ScriptedDialogs dialogs;
-    Desktop desktop{locale, clock, scheduler, dialogs};
+    LoggedProgress progress;
+    Desktop desktop{locale, clock, scheduler, dialogs, progress};
 };
 
 /// A view that notes what it is asked for, and the text that it would show.
