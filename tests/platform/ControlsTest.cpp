@@ -98,13 +98,12 @@ TEST(Listbox, KeepsItsCellsAsTheyWereAdded) {
     Listbox list{{.name = "list"}, {"n", "n2"}};
     fill(list, 5000);
     list.AddRow(std::array<std::string_view, 1>{"short"});
-    const std::pair<int, const char*> cells[] = {{0, "0 0"},
-                                                 {1023, "1023 1046529"},
-                                                 {1024, "1024 1048576"},
-                                                 {4999, "4999 24990001"},
-                                                 {5000, "short "}};
-    for (const auto& [row, text] : cells)
-        EXPECT_EQ(std::string(list.Cell(row, 0)).append(" ").append(list.Cell(row, 1)), text);
+    for (std::int64_t row = 0; row < 5000; ++row) {
+        EXPECT_EQ(list.Cell(row, 0), std::to_string(row));
+        EXPECT_EQ(list.Cell(row, 1), std::to_string(row * row));
+    }
+    EXPECT_EQ(list.Cell(5000, 0), "short");
+    EXPECT_EQ(list.Cell(5000, 1), "");
     for (const auto& [row, column] : {std::pair{5001, 0}, {-1, 0}, {0, 2}, {0, -1}})
         EXPECT_THROW(list.Cell(row, column), std::out_of_range);
     list.DeleteAllRows();

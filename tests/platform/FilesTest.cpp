@@ -47,7 +47,7 @@ TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
 }
 
 TEST_F(TextFiles, AreReadAcrossTheEdgesOfTheBuffer) {
-    // Line ends of two bytes that drift over every position, and one line of ten megabytes.
+    // Lines of every length, and one of ten megabytes.
     std::string bytes;
     std::string lines;
     for (std::size_t length = 0; length < 1500; ++length) {
@@ -56,6 +56,9 @@ TEST_F(TextFiles, AreReadAcrossTheEdgesOfTheBuffer) {
     }
     const std::string last(10'000'000, 'y');
     EXPECT_TRUE(linesOf(bytes + last) == lines + last + "|");
+    // A line end that a buffer of any usual size cuts in two.
+    for (std::size_t size = 4096; size <= 1'048'576; size *= 2)
+        EXPECT_TRUE(linesOf(std::string(size - 1, 'x') + "\r\ny").ends_with("x|y|")) << size;
 }
 
 TEST_F(TextFiles, AreReplacedOnlyWhenClosed) {

@@ -186,16 +186,17 @@ TEST(XMLDictionaryReader, DocumentsAreJudgedAsAWhole) {
     // clang-format off
     const std::string refused[] = {
         "<plist version=\"1.1\"><dict/></plist>", "<plist/>", "<plist><array/><dict/></plist>",
-        "<xmldict version=\"1.2\"><key>a</key><true/></xmldict>", "<d version=\"&#x32;\"/>", "", " \n",
-        utf16(good, true) + "\xD8", utf16(good, false) + "\x00\xD8\n\0"s, "text", good + good,
-        good + "x", "x" + good, "<![CDATA[x]]>" + good, "\n" + declaration + good, good + "\0"s,
-        type + type + good, good + type, type + "<d>&e;</d>", "<d x=\"<\"/>", "<d x=\"\" x=\"\"/>", "<d"};
+        "<xmldict version=\"1.2\"><key>a</key><true/></xmldict>", "<d version=\"&#x32;\"/>", "",
+        utf16(good, true) + "\xD8", utf16(good, false) + "\x00\xD8\n\0"s, " \n", "text",
+        good + good, good + "x", "x" + good, "<![CDATA[x]]>" + good, "\n" + declaration + good,
+        good + "\0"s, type + type + good, good + type, type + "<d>&e;</d>", "<d x=\"<\"/>",
+        "<d x='' x=''/>", "<d"};
     // clang-format on
     for (const std::string& document : refused)
         EXPECT_EQ(read(document), "refused") << document;
     for (const std::string content :
          {"\x01", "\xE9", "\xEF\xBF\xBE", "&", "&none;", "&amp", "&#0;", "&#x110000;", "&#xD800;",
-          "&#-65;", "&#;", "]]>", "<!-- -- -->", "<e>"})
+          "&#xFFFE;", "&#-65;", "&#;", "]]>", "<!-- -- -->", "<e>"})
         EXPECT_EQ(read("<d>" + content + "</d>"), "refused") << content;
 }
 

@@ -102,6 +102,8 @@ struct TestDesktop {
 struct LoggingView : ControlView {
     explicit LoggingView(TextField& field) : field(field) { field.setView(this); }
 
+    ~LoggingView() override { field.setView(nullptr); }
+
     void refresh() override { log += "view " + field.text() + "|"; }
 
     void takeFocus() override { log += "focus|"; }

@@ -8,13 +8,18 @@ constexpr auto kColons = "HH:MM:SS\t+DD:MM:SS\tN\t2\t1";
 
 TEST_F(ConversionTest, ARowHoldsThePositionInBothNotationsAndIsSelected) {
     program.setFormats(kColons, "HH MM SS\t+DD MM SS\tN\t2\t1");
-    main.fromEpoch.epochPopup.setValue("B1950.0");
     EXPECT_FALSE(main.ClearListButton.enabled());
     main.ConvertCoordinates("0", "0");
+    main.fromEpoch.epochPopup.setValue("B1950.0");
+    main.ConvertCoordinates("0", "0");
     main.ConvertCoordinates("6", "89:30");
-    EXPECT_EQ(program.rows(), "00:00:00.00|+00:00:00.0|00 02 33.72|+00 16 42.2|;"
-                              "06:00:00.00|+89:30:00.0|07 58 41.43|+89 25 34.9|;");
-    EXPECT_EQ(main.list.selection(), (std::vector<RowRange>{{1, 1}}));
+    main.toEpoch.epochPopup.setValue("B1950.0");
+    main.ConvertCoordinates("0", "0");
+    EXPECT_EQ(program.rows(), "00:00:00.00|+00:00:00.0|00 00 00.00|+00 00 00.0|;"
+                              "00:00:00.00|+00:00:00.0|00 02 33.72|+00 16 42.2|;"
+                              "06:00:00.00|+89:30:00.0|07 58 41.43|+89 25 34.9|;"
+                              "00:00:00.00|+00:00:00.0|00 00 00.00|+00 00 00.0|;");
+    EXPECT_EQ(main.list.selection(), (std::vector<RowRange>{{3, 3}}));
     EXPECT_TRUE(main.ClearListButton.enabled());
 }
 
@@ -54,6 +59,9 @@ TEST_F(ConversionTest, ASelectorReachesHeadingsAndLaterRowsOnly) {
     EXPECT_EQ(program.rows(), before + "187.50|-00:30:00.0|12:34:28|-1|;");
     EXPECT_EQ(program.headings(),
               "Input RA (1900.0)|Input Dec (1900.0)|Output RA (1987.2)|Output Dec (1987.2)|");
+    main.list.DeleteAllRows();
+    main.fromEpoch.epochPopup.setValue("J2000.0");
+    EXPECT_FALSE(main.ClearListButton.enabled());
     const TestWindow german(folder, {.decimalPoint = ",", .groupSeparator = "."});
     EXPECT_EQ(german.headings(),
               "Input RA (2000,0)|Input Dec (2000,0)|Output RA (2000,0)|Output Dec (2000,0)|");

@@ -96,8 +96,7 @@ TEST_F(SaveRestoreTest, EverythingComesBackAndOutputsAreWorkedOutAfresh) {
         EXPECT_TRUE(main.toEpoch.epochDate.visible());
         EXPECT_EQ(main.list.listIndex(), 1);
         EXPECT_TRUE(main.ClearListButton.enabled());
-        // 37.2 years of precession at right ascension 0: 37.2 * 3.0733 s = 114.4 s = 0.4765
-        // degrees.
+        // 37.2 years of precession at right ascension 0: 37.2 * 3.0733 s = 0.4764 degrees.
         EXPECT_TRUE(main.list.Cell(1, 2).starts_with("0.476"));
     });
 }
