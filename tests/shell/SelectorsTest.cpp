@@ -92,6 +92,7 @@ TEST(EpochSelector, ShowsItsDateUnderOtherOnly) {
     EXPECT_EQ(selector.epochPopup.value(), "J2000.0");
     EXPECT_EQ(selector.epochJulian(), 2451544.5);
     EXPECT_FALSE(selector.epochDate.visible());
+    EXPECT_EQ(selector.epochPopup.helpTag(), "");
 
     told.clear();
     selector.epochPopup.setValue("Other");
@@ -104,6 +105,8 @@ TEST(EpochSelector, ShowsItsDateUnderOtherOnly) {
     EXPECT_EQ(selector.epochPopup.helpTag(), "");
     EXPECT_EQ(told, "2026-11-16 1987-03-15 1950-01-01 ");
     EXPECT_EQ(selector.serialised(), R"({"epochPopup":1,"epochDate":"1987-03-15"})");
+    selector.setSerialised(R"({"epochPopup":5,"epochDate":"1999-07-01"})");
+    EXPECT_EQ(selector.epochPopup.helpTag(), "1999.5");
 }
 
 } // namespace

@@ -125,5 +125,25 @@ TEST_F(ImportExportTest, ADialogCancelledOrAFileThatFailsChangesNothing) {
     EXPECT_EQ(main.list.RowCount(), 1);
 }
 
+TEST_F(ImportExportTest, LongWorkTellsHowFarItHasCome) {
+    std::string& log = program.machine.progress.log;
+    log.clear();
+    std::string bytes;
+    for (int row = 0; row < 9999; ++row)
+        bytes += "1\t2\n";
+    import("Tab-separated", bytes);
+    exported("Tab-separated");
+    EXPECT_EQ(log, "Importing|4096 100%|8192 100%|end|Exporting|4096 41%|8192 82%|end|");
+}
+
+TEST_F(ImportExportTest, NothingIsDoneForAWindowThatClosedBehindItsDialog) {
+    dialogs.file = folder / "list.txt";
+    main.close();
+    main.FileImportBtn.press();
+    main.ExportListBtn.press();
+    EXPECT_EQ(dialogs.messages, "");
+    EXPECT_EQ(readWholeFile(*dialogs.file), std::nullopt);
+}
+
 } // namespace
 } // namespace skyvert

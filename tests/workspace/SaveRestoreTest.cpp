@@ -114,6 +114,28 @@ TEST_F(SaveRestoreTest, TheListComesHalfASecondAfterTheStart) {
     EXPECT_EQ(program.rows(1), "01 00.0|;");
 }
 
+TEST_F(SaveRestoreTest, AWindowClosedBeforeItsRowsCameBackKeepsThemAndTheFile) {
+    runWithRows({"1", "2"});
+    const std::string text = stored();
+    const auto longAgo = std::filesystem::last_write_time(file) - std::chrono::hours(24);
+    std::filesystem::last_write_time(file, longAgo);
+    TestWindow(folder).end();
+    EXPECT_EQ(stored(), text);
+    EXPECT_EQ(std::filesystem::last_write_time(file), longAgo);
+}
+
+TEST_F(SaveRestoreTest, AFailingCloseHandlerKeepsNoOtherFromSaving) {
+    runWithRows({"1"});
+    TestWindow program(folder);
+    program.settle();
+    program.window->ConvertCoordinates("2", "2");
+    program.window->fromEpoch.Close = [] { throw std::runtime_error("no"); };
+    EXPECT_THROW(program.window->close(), std::runtime_error);
+    program.app.Event_Close();
+    EXPECT_EQ(program.quitCode, 0);
+    EXPECT_NE(stored().find("<integer>2</integer>"), std::string::npos);
+}
+
 TEST_F(SaveRestoreTest, RowsOfAnEarlierLongerListStayInTheStoreUnread) {
     runWithRows({"1", "2"});
     runWithRows({"3"});
