@@ -35,6 +35,9 @@ void ProgressOverlay::appear() {
     bar_->setGeometry((window_->width() - kWidth) / 2, (window_->height() - kHeight) / 2, kWidth,
                       kHeight);
     bar_->show();
+    // Where the dialog stood that the work began with, its picture would stay for as long.
+    for (QWidget* const widget : window_->findChildren<QWidget*>())
+        widget->repaint();
     sincePainted_.invalidate();
 }
 
