@@ -5,15 +5,9 @@
 // settings file), load (settings file to list) or start (a program whose list is empty). Formats
 // are the text form of a format with ";" in place of tabs. Only the road itself is timed. The
 // settings file is looked for in the folder of OUT. The epochs are 1 January 1950 and 2000.
-#include "platform/Clock.h"
-#include "workspace/MainWindow.h"
+#include "RoadProgram.h"
 
-#include <algorithm>
-#include <chrono>
-#include <fstream>
 #include <iomanip>
-#include <iostream>
-#include <string>
 
 using namespace skyvert;
 
@@ -37,32 +31,6 @@ private:
     std::vector<std::function<void()>> due_;
 };
 
-class FixedDialogs : public Dialogs {
-public:
-    std::optional<std::filesystem::path> GetOpenFolderItem(const FileType& /*filter*/) override {
-        return in;
-    }
-
-    std::optional<std::filesystem::path>
-    GetSaveFolderItem(const FileType& /*filter*/, std::string_view /*defaultName*/) override {
-        return out;
-    }
-
-    void MsgBox(std::string_view text) override { std::cerr << text << '\n'; }
-
-    std::filesystem::path in;
-    std::filesystem::path out;
-};
-
-class NoProgress : public Progress {
-public:
-    void begin(std::string_view /*what*/) override {}
-
-    void report(std::int64_t /*rows*/, double /*fraction*/) override {}
-
-    void end() override {}
-};
-
 /// The program as far as its event loop, with its settings in the folder `settings`.
 struct Program {
     explicit Program(const std::filesystem::path& settings) : app(desktop, settings) {
@@ -80,29 +48,6 @@ struct Program {
     App app;
     std::optional<MainWindow> window;
 };
-
-RADecFormat formatOf(std::string text, const Locale& locale) {
-    std::replace(text.begin(), text.end(), ';', '\t');
-    return {text, locale};
-}
-
-void choose(Program& program, const std::string& dialect, const std::string& input,
-            const std::string& output) {
-    MainWindow& window = *program.window;
-    window.fromEpoch.epochPopup.setValue("B1950.0");
-    window.toEpoch.epochPopup.setValue("J2000.0");
-    window.inFormat.setFormat(formatOf(input, program.locale));
-    window.outFormat.setFormat(formatOf(output, program.locale));
-    window.fileFormat.setValue(dialect);
-    window.ListFormat.setValue(dialect);
-}
-
-double nanoseconds(const std::function<void()>& road) {
-    const auto begin = std::chrono::steady_clock::now();
-    road();
-    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin)
-        .count();
-}
 
 double run(const std::string& road, Program& program) {
     MainWindow& window = *program.window;
@@ -122,15 +67,6 @@ double run(const std::string& road, Program& program) {
     return import;
 }
 
-/// The memory that the process holds now, in bytes; 0 where the system does not tell.
-double residentBytes() {
-    constexpr double kPage = 4096;
-    double pages = 0;
-    std::ifstream statm("/proc/self/statm");
-    statm >> pages >> pages;
-    return pages * kPage;
-}
-
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -143,8 +79,10 @@ int main(int argc, char* argv[]) {
     Program program(out.parent_path());
     program.dialogs.in = argv[2];
     program.dialogs.out = out;
-    if (road != "load")
-        choose(program, argv[4], argv[5], argv[6]);
+    if (road != "load") {
+        program.scheduler.runAll();
+        choose(*program.window, program.locale, argv[4], argv[5], argv[6]);
+    }
     const double time = run(road, program);
     const std::int64_t rows = program.window->list.RowCount();
     std::cout << std::fixed << std::setprecision(1) << road << " rows " << rows << "  "

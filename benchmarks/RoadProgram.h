@@ -1,0 +1,74 @@
+#pragma once
+
+#include "workspace/MainWindow.h"
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+// What the benchmarks of whole roads share: a user who is always quick, and how to look at the
+// clock and the memory.
+namespace skyvert {
+
+class FixedDialogs : public Dialogs {
+public:
+    std::optional<std::filesystem::path> GetOpenFolderItem(const FileType& /*filter*/) override {
+        return in;
+    }
+
+    std::optional<std::filesystem::path>
+    GetSaveFolderItem(const FileType& /*filter*/, std::string_view /*defaultName*/) override {
+        return out;
+    }
+
+    void MsgBox(std::string_view text) override { std::cerr << text << '\n'; }
+
+    std::filesystem::path in;
+    std::filesystem::path out;
+};
+
+class NoProgress : public Progress {
+public:
+    void begin(std::string_view /*what*/) override {}
+
+    void report(std::int64_t /*rows*/, double /*fraction*/) override {}
+
+    void end() override {}
+};
+
+/// A format from its text form with ";" in place of tabs.
+inline RADecFormat formatOf(std::string text, const Locale& locale) {
+    std::replace(text.begin(), text.end(), ';', '\t');
+    return {text, locale};
+}
+
+/// 1 January 1950 to 1 January 2000, between these formats, with files of a dialect.
+inline void choose(MainWindow& window, const Locale& locale, const std::string& dialect,
+                   const std::string& input, const std::string& output) {
+    window.fromEpoch.epochPopup.setValue("B1950.0");
+    window.toEpoch.epochPopup.setValue("J2000.0");
+    window.inFormat.setFormat(formatOf(input, locale));
+    window.outFormat.setFormat(formatOf(output, locale));
+    window.fileFormat.setValue(dialect);
+    window.ListFormat.setValue(dialect);
+}
+
+inline double nanoseconds(const std::function<void()>& road) {
+    const auto begin = std::chrono::steady_clock::now();
+    road();
+    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin)
+        .count();
+}
+
+/// The memory that the process holds now, in bytes; 0 where the system does not tell.
+inline double residentBytes() {
+    constexpr double kPage = 4096;
+    double pages = 0;
+    std::ifstream statm("/proc/self/statm");
+    statm >> pages >> pages;
+    return pages * kPage;
+}
+
+} // namespace skyvert

@@ -1,0 +1,126 @@
+// window_roads ROAD IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT
+//
+// Runs one road of the program in its real window. ROAD is
+//   plain   an empty window of the toolkit, until it is painted
+//   empty   the program, until its window is painted
+//   start   the program, until the stored rows are painted
+//   import  button to last row painted; prints the nanoseconds a row and the memory
+//   scroll  the same, then prints the milliseconds of a frame while the list is scrolled
+// Formats and the settings file are given as to `roads`. The first three are timed from outside,
+// as whole processes.
+#include "RoadProgram.h"
+#include "platform/Clock.h"
+#include "qt/MainWindowView.h"
+#include "qt/QtTimers.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QMainWindow>
+#include <QScrollBar>
+#include <QTableView>
+
+#include <iomanip>
+
+using namespace skyvert;
+
+namespace {
+
+/// Counts the times that a widget is painted.
+class PaintCounter : public QObject {
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+    int count = 0;
+};
+
+template <typename Condition>
+void processEventsUntil(const Condition& reached) {
+    while (!reached())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+int showPlainWindow() {
+    QMainWindow window;
+    auto* const content = new QWidget;
+    window.setCentralWidget(content);
+    window.resize(893, 550);
+    const PaintCounter painted(*content);
+    window.show();
+    processEventsUntil([&] { return painted.count > 0; });
+    return 0;
+}
+
+double millisecondsOfAFrame(QTableView& table) {
+    constexpr int kFrames = 300;
+    QScrollBar& bar = *table.verticalScrollBar();
+    const double time = nanoseconds([&] {
+        for (int frame = 0; frame < kFrames; ++frame) {
+            bar.setValue(static_cast<int>(std::int64_t{bar.maximum()} * frame / kFrames));
+            table.viewport()->repaint();
+        }
+    });
+    return time / kFrames / 1e6;
+}
+
+int runProgram(const std::string& road, char* argv[]) {
+    const Locale locale;
+    const SystemClock clock;
+    FixedDialogs dialogs;
+    QtScheduler scheduler(dialogs);
+    NoProgress progress;
+    const Desktop desktop{locale, clock, scheduler, dialogs, progress};
+    dialogs.in = argv[2];
+    App app(desktop, std::filesystem::path(argv[3]).parent_path());
+    app.Event_Open();
+    MainWindow window(app);
+    MainWindowView view(window, app);
+    QTableView& table = *view.findChild<QTableView*>();
+    PaintCounter painted(*table.viewport());
+    view.open();
+    processEventsUntil([&] { return painted.count > 0; });
+    if (road == "empty")
+        return 0;
+    const auto isShown = [&] {
+        return window.list.RowCount() > 0 && painted.count > 0 &&
+               table.model()->rowCount() == window.list.RowCount();
+    };
+    if (road == "start") {
+        processEventsUntil([&] { return table.model()->rowCount() > 0; });
+        painted.count = 0;
+        processEventsUntil(isShown);
+        return 0;
+    }
+    processEventsUntil([&] { return window.OpenTimer.mode() == Timer::Mode::Off; });
+    choose(window, locale, argv[4], argv[5], argv[6]);
+    const double time = nanoseconds([&] {
+        window.FileImportBtn.press();
+        painted.count = 0;
+        processEventsUntil(isShown);
+    });
+    std::cout << std::fixed << std::setprecision(3);
+    if (road == "scroll")
+        std::cout << millisecondsOfAFrame(table) << " ms/frame\n";
+    else
+        std::cout << time / static_cast<double>(window.list.RowCount()) << " ns/row  "
+                  << residentBytes() / 1e6 << " MB\n";
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    const std::string road = argc > 1 ? argv[1] : "";
+    if (road == "plain")
+        return showPlainWindow();
+    if (argc < 7) {
+        std::cerr << "usage: window_roads ROAD IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT\n";
+        return 2;
+    }
+    return runProgram(road, argv);
+}
