@@ -51,8 +51,6 @@ struct Program {
 
 double run(const std::string& road, Program& program) {
     MainWindow& window = *program.window;
-    if (road == "load")
-        return nanoseconds([&] { program.scheduler.runAll(); });
     if (road == "start")
         return 0;
     const double import = nanoseconds([&] { window.FileImportBtn.press(); });
@@ -76,15 +74,15 @@ int main(int argc, char* argv[]) {
     }
     const std::string road = argv[1];
     const std::filesystem::path out = argv[3];
-    Program program(out.parent_path());
-    program.dialogs.in = argv[2];
-    program.dialogs.out = out;
-    if (road != "load") {
-        program.scheduler.runAll();
-        choose(*program.window, program.locale, argv[4], argv[5], argv[6]);
-    }
-    const double time = run(road, program);
-    const std::int64_t rows = program.window->list.RowCount();
+    std::optional<Program> program;
+    const double start = nanoseconds([&] { program.emplace(out.parent_path()); });
+    program->dialogs.in = argv[2];
+    program->dialogs.out = out;
+    const double ready = nanoseconds([&] { program->scheduler.runAll(); });
+    if (road != "load")
+        choose(*program->window, program->locale, argv[4], argv[5], argv[6]);
+    const double time = road == "load" ? start + ready : run(road, *program);
+    const std::int64_t rows = program->window->list.RowCount();
     std::cout << std::fixed << std::setprecision(1) << road << " rows " << rows << "  "
               << time / static_cast<double>(std::max<std::int64_t>(rows, 1)) << " ns/row  "
               << residentBytes() / 1e6 << " MB\n";

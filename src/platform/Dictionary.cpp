@@ -11,6 +11,22 @@ std::uint32_t spread(std::size_t hash) {
     return static_cast<std::uint32_t>((std::uint64_t{hash} * 0x9E3779B97F4A7C15U) >> 32U);
 }
 
+std::size_t hashOf(const Variant& key) {
+    return key.hash();
+}
+
+std::size_t hashOf(std::string_view key) {
+    return variantHash(key);
+}
+
+bool isKey(const Variant& held, const Variant& key) {
+    return VariantCompare(held, key);
+}
+
+bool isKey(const Variant& held, std::string_view key) {
+    return held.string() != nullptr && *held.string() == key;
+}
+
 } // namespace
 
 /// The slot of an entry with that hash that `equals` accepts, or the free one that it would take.
@@ -24,31 +40,40 @@ std::size_t Dictionary::locate(std::uint32_t hash, Equals equals) const {
     return at;
 }
 
-const Variant* Dictionary::find(const Variant& key) const {
-    const std::size_t at = locate(spread(key.hash()),
-                                  [&](const Variant& other) { return VariantCompare(key, other); });
+template <typename KeyKind>
+const Variant* Dictionary::findKey(const KeyKind& key) const {
+    const std::size_t at =
+        locate(spread(hashOf(key)), [&](const Variant& held) { return isKey(held, key); });
     return slots_[at].number == 0 ? nullptr : &entries_[slots_[at].number - 1].value;
 }
 
-const Variant* Dictionary::findText(std::string_view key) const {
-    const std::size_t at = locate(spread(variantHash(key)), [&](const Variant& other) {
-        return other.string() != nullptr && *other.string() == key;
-    });
-    return slots_[at].number == 0 ? nullptr : &entries_[slots_[at].number - 1].value;
-}
-
-void Dictionary::setValue(Variant key, Variant value) {
-    const std::uint32_t hash = spread(key.hash());
-    Slot& slot =
-        slots_[locate(hash, [&](const Variant& other) { return VariantCompare(key, other); })];
-    if (slot.number != 0) {
-        entries_[slot.number - 1].value = std::move(value);
-        return;
-    }
-    entries_.push_back({std::move(key), std::move(value)});
+template <typename KeyKind>
+Dictionary::Place Dictionary::placeOf(KeyKind key) {
+    const std::uint32_t hash = spread(hashOf(key));
+    Slot& slot = slots_[locate(hash, [&](const Variant& held) { return isKey(held, key); })];
+    if (slot.number != 0)
+        return {entries_[slot.number - 1].value, false};
+    entries_.push_back({std::move(key), {}});
     slot = {hash, static_cast<std::uint32_t>(entries_.size())};
     if (4 * entries_.size() > 3 * slots_.size())
         grow();
+    return {entries_.back().value, true};
+}
+
+const Variant* Dictionary::find(const Variant& key) const {
+    return findKey(key);
+}
+
+const Variant* Dictionary::findText(std::string_view key) const {
+    return findKey(key);
+}
+
+Dictionary::Place Dictionary::place(std::string_view key) {
+    return placeOf(key);
+}
+
+void Dictionary::setValue(Variant key, Variant value) {
+    placeOf(std::move(key)).value = std::move(value);
 }
 
 void Dictionary::grow() {

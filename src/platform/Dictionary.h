@@ -5,7 +5,6 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string_view>
 #include <vector>
 
@@ -23,7 +22,7 @@ public:
 
     const Variant& ValueAt(std::size_t index) const { return entries_.at(index).value; }
 
-    /// The value under a key, or null when there is none. It stays in its place in memory.
+    /// The value under a key, or null when there is none. Valid until a key is added.
     const Variant* find(const Variant& key) const;
 
     template <std::convertible_to<std::string_view> Text>
@@ -35,6 +34,15 @@ public:
 
     /// Puts a value under a key, in place of an older one.
     void setValue(Variant key, Variant value);
+
+    /// Where the value under a key is held, valid until another key is added.
+    struct Place {
+        Variant& value;
+        bool isNew; ///< the key was not there; the value is Nil
+    };
+
+    /// The place of a key's value, which is made when there is none.
+    Place place(std::string_view key);
 
 private:
     struct Entry {
@@ -49,11 +57,15 @@ private:
     };
 
     const Variant* findText(std::string_view key) const;
+    template <typename KeyKind>
+    const Variant* findKey(const KeyKind& key) const;
+    template <typename KeyKind>
+    Place placeOf(KeyKind key);
     template <typename Equals>
     std::size_t locate(std::uint32_t hash, Equals equals) const;
     void grow();
 
-    std::deque<Entry> entries_;
+    std::vector<Entry> entries_;
     std::vector<Slot> slots_ = std::vector<Slot>(8); ///< a power of two, never quite full
 };
 

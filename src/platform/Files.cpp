@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <system_error>
 #include <utility>
@@ -75,14 +76,17 @@ std::optional<std::string> readWholeFile(const fs::path& file) {
     const FileStream stream = openStream(file, "rb");
     if (!stream)
         return std::nullopt;
-    std::string bytes;
+    // The size that the system tells is a hint only: of a device it tells none.
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(file, error);
+    std::string bytes(error ? kReadSize : std::max<std::uintmax_t>(kReadSize, size + 1), '\0');
     std::size_t count = 0;
-    do {
-        const std::size_t size = bytes.size();
-        bytes.resize(std::max(kReadSize, 2 * size));
-        count = std::fread(bytes.data() + size, 1, bytes.size() - size, stream.get());
-        bytes.resize(size + count);
-    } while (count > 0);
+    for (std::size_t read = 1; read > 0; count += read) {
+        if (count == bytes.size())
+            bytes.resize(2 * count);
+        read = std::fread(bytes.data() + count, 1, bytes.size() - count, stream.get());
+    }
+    bytes.resize(count);
     if (std::ferror(stream.get()) != 0)
         return std::nullopt;
     return bytes;

@@ -3,6 +3,7 @@
 #include "platform/Number.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>

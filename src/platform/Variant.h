@@ -78,9 +78,9 @@ public:
 
     /// A null pointer gives Nil.
     template <std::derived_from<skyvert::Object> Kind>
-    Variant(std::shared_ptr<Kind> object) {
+    Variant(std::shared_ptr<Kind> object) : Variant() {
         if (object)
-            held_ = std::shared_ptr<Object>(std::move(object));
+            held_.template emplace<std::shared_ptr<Object>>(std::move(object));
     }
 
     VarType type() const;

@@ -7,7 +7,6 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <set>
 #include <utility>
 
 namespace skyvert {
@@ -45,33 +44,9 @@ private:
     std::string& out_;
 };
 
-void serialise(XmlNode node, Gatherer& gatherer) {
-    node.print(gatherer, "", pugi::format_raw, pugi::encoding_utf8);
-}
-
-// A document that is being built has a first child, never written, that holds one element with
-// text of each name in use. A copy of such an element shares the memory of its name and is the
-// only way to an element with a value of its own: a third of time and memory less.
-constexpr const char* kModelsName = "-"; // no parsed element can have it
-
-bool isModels(XmlNode node) {
-    return std::strcmp(node.name(), kModelsName) == 0;
-}
-
-XmlNode modelOf(XmlNode node, const char* name) {
-    XmlNode models = node.root().first_child();
-    if (!isModels(models)) {
-        models = node.root().prepend_child(pugi::node_element);
-        models.set_name(kModelsName);
-    }
-    if (const XmlNode model = models.child(name))
-        return model;
-    const std::string text = std::string("<").append(name).append(">-</").append(name).append(">");
-    models.append_buffer(text.data(), text.size(), pugi::parse_embed_pcdata, pugi::encoding_utf8);
-    return models.last_child();
-}
-
 // --- Reading
+
+constexpr std::size_t kBlock = 16; ///< as many bytes as a processor looks at in one step
 
 [[noreturn]] void malformed(const char* reason) {
     throw XmlException(reason);
@@ -94,12 +69,23 @@ std::size_t xmlCharacterLength(std::string_view text) {
     return isNoncharacter ? 0 : utf8Length(text);
 }
 
+/// Whether a block holds nothing but the ASCII characters of an ordinary text: one look at many
+/// bytes.
+bool isPlain(const char* block) {
+    bool plain = true;
+    for (std::size_t i = 0; i < kBlock; ++i) {
+        const auto byte = static_cast<signed char>(block[i]);
+        plain &= byte >= ' ' || byte == '\t' || byte == '\n' || byte == '\r';
+    }
+    return plain;
+}
+
 /// The number of bytes at the start of a text that a document can hold.
 std::size_t xmlPrefix(std::string_view text) {
     std::size_t at = 0;
     while (at < text.size()) {
-        if (text[at] >= ' ' && text[at] <= '~') {
-            ++at;
+        if (text.size() - at >= kBlock && isPlain(text.data() + at)) {
+            at += kBlock;
             continue;
         }
         const std::size_t length = xmlCharacterLength(text.substr(at));
@@ -108,30 +94,6 @@ std::size_t xmlPrefix(std::string_view text) {
         at += length;
     }
     return at;
-}
-
-std::string fromUtf16(std::string_view bytes, bool bigEndian) {
-    std::string text;
-    text.reserve(bytes.size() / 2);
-    while (!bytes.empty()) {
-        const auto [point, length] = decodeUtf16(bytes, bigEndian);
-        if (length == 0 || isSurrogate(point))
-            malformed("half a UTF-16 character");
-        appendUtf8(point, text);
-        bytes.remove_prefix(length);
-    }
-    return text;
-}
-
-/// Makes a text UTF-8 without a mark, in characters that a document can hold.
-void decode(std::string& text) {
-    const std::string_view bytes = text;
-    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
-        text = fromUtf16(bytes.substr(2), bytes.front() == '\xFE');
-    else if (bytes.starts_with("\xEF\xBB\xBF"))
-        text.erase(0, 3);
-    if (xmlPrefix(text) != text.size())
-        malformed("bytes that are no character");
 }
 
 /// The character of a reference such as "#65" or "#x41".
@@ -185,35 +147,24 @@ void finishText(XmlNode node) {
         node.text().set(resolveReferences(text).c_str());
 }
 
-void finishAttributes(XmlNode element) {
-    std::set<std::string_view> names;
-    for (pugi::xml_attribute attribute : element.attributes()) {
-        if (std::strchr(attribute.value(), '<') != nullptr ||
-            !names.insert(attribute.name()).second)
-            malformed("a bad attribute");
-        if (std::strchr(attribute.value(), '&') != nullptr)
-            attribute.set_value(resolveReferences(attribute.value()).c_str());
-    }
-}
-
-/// Completes a parsed node: resolves its references and refuses what the library let pass.
+/// Resolves the references in a node's texts, which the library was told to leave alone.
 void finishNode(XmlNode node) {
-    if (node.type() == pugi::node_element)
-        finishAttributes(node);
+    for (pugi::xml_attribute attribute : node.attributes())
+        attribute.set_value(resolveReferences(attribute.value()).c_str());
     if (node.type() == pugi::node_element || node.type() == pugi::node_pcdata)
         finishText(node);
-    if (node.type() == pugi::node_comment && std::strstr(node.value(), "--") != nullptr)
-        malformed("two hyphens in a comment");
 }
 
-/// Walks the whole tree without recursion, for nobody knows yet how deep it is.
-void finishTree(XmlNode top) {
+/// Completes a tree, without recursion, for nobody knows yet how deep it is. `plain` says that no
+/// text in it needs a look.
+void finishTree(XmlNode top, bool plain) {
     XmlNode node = top.first_child();
     int depth = 1;
     while (node) {
         if (node.type() == pugi::node_element && depth > kMaxXmlDepth)
             malformed("nested too deep");
-        finishNode(node);
+        if (!plain)
+            finishNode(node);
         if (const XmlNode child = node.first_child()) {
             node = child;
             ++depth;
@@ -253,29 +204,30 @@ void checkTopLevel(XmlNode top) {
 } // namespace
 
 void XmlDocument::LoadXml(std::string text) {
-    text_ = std::make_unique<std::string>(std::move(text));
-    decode(*text_);
+    auto source = std::make_unique<std::string>(std::move(text));
+    const bool isUtf8 = xmlPrefix(*source) == source->size();
+    const bool plain = isUtf8 && source->find('&') == std::string::npos &&
+                       source->find("]]>") == std::string::npos;
+    pugi::xml_document document;
     // With its closing null, for the library takes the last byte out of a buffer that has none.
-    const pugi::xml_parse_result result = document_.load_buffer_inplace(
-        text_->data(), text_->size() + 1, kParseFlags, pugi::encoding_utf8);
+    const pugi::xml_parse_result result =
+        document.load_buffer_inplace(source->data(), source->size() + 1, kParseFlags);
     if (!result)
         malformed(result.description());
-    checkTopLevel(document_);
-    finishTree(document_);
-}
-
-XmlNode XmlDocument::DocumentElement() const {
-    return document_.find_child(
-        [](XmlNode child) { return child.type() == pugi::node_element && !isModels(child); });
+    if (result.encoding == pugi::encoding_utf8 && !isUtf8)
+        malformed("bytes that are no character");
+    checkTopLevel(document);
+    finishTree(document, plain);
+    document_ = std::move(document);
+    text_ = std::move(source);
 }
 
 std::string XmlDocument::ToString(std::string_view prolog) const {
     std::string text(kDeclaration);
     text += prolog;
-    Gatherer gatherer(text);
     for (const XmlNode child : document_.children())
-        if (!isModels(child) && child.type() != pugi::node_declaration)
-            serialise(child, gatherer);
+        if (child.type() != pugi::node_declaration)
+            appendSerialised(child, text);
     return text;
 }
 
@@ -283,45 +235,45 @@ XmlNode appendElement(XmlNode parent, const char* name) {
     return parent.append_child(name);
 }
 
-XmlNode appendElement(XmlNode parent, const char* name, const std::string& text) {
-    XmlNode element = parent.append_copy(modelOf(parent, name));
-    element.text().set(text.c_str(), text.size());
+XmlNode appendElement(XmlNode parent, const char* name, std::string_view text) {
+    const XmlNode element = appendElement(parent, name);
+    if (!text.empty())
+        appendText(element, text);
     return element;
 }
 
-XmlNode appendText(XmlNode parent, const std::string& text) {
+XmlNode appendText(XmlNode parent, std::string_view text) {
     XmlNode node = parent.append_child(pugi::node_pcdata);
-    node.set_value(text.c_str(), text.size());
+    node.set_value(text.data(), text.size());
     return node;
 }
 
-void insertTextBefore(XmlNode node, const std::string& text) {
-    node.parent().insert_child_before(pugi::node_pcdata, node).set_value(text.c_str(), text.size());
+void insertTextBefore(XmlNode node, std::string_view text) {
+    node.parent().insert_child_before(pugi::node_pcdata, node).set_value(text.data(), text.size());
 }
 
 void appendSerialised(XmlNode node, std::string& out) {
     Gatherer gatherer(out);
-    serialise(node, gatherer);
+    node.print(gatherer, "", pugi::format_raw, pugi::encoding_utf8);
 }
 
-std::string xmlCharacters(std::string text) {
+std::string_view xmlCharacters(std::string_view text, std::string& storage) {
     const std::size_t good = xmlPrefix(text);
     if (good == text.size())
         return text;
-    std::string out = text.substr(0, good);
-    std::string_view rest = std::string_view(text).substr(good);
-    while (!rest.empty()) {
+    storage = text.substr(0, good);
+    for (std::string_view rest = text.substr(good); !rest.empty();) {
         const std::size_t length = xmlCharacterLength(rest);
         const auto byte = static_cast<unsigned char>(rest.front());
         const std::size_t taken = std::max(std::size_t{1}, utf8Length(rest));
         if (length > 0)
-            out += rest.substr(0, length);
+            storage += rest.substr(0, length);
         else
             appendUtf8(taken == 1 && byte >= 0x80 ? fromWindows1252(byte) : kReplacementCharacter,
-                       out);
+                       storage);
         rest.remove_prefix(taken);
     }
-    return out;
+    return storage;
 }
 
 } // namespace skyvert

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace skyvert {
 
@@ -20,11 +21,11 @@ Variant Preferences::Value(std::string_view key, const Variant& byDefault) const
     return stored == nullptr ? byDefault : *stored;
 }
 
-void Preferences::setValue(std::string_view key, const Variant& value) {
-    const Variant* const stored = prefs_->find(key);
-    if (stored != nullptr && VariantCompare(*stored, value))
+void Preferences::setValue(std::string_view key, Variant value) {
+    const auto [stored, isNew] = prefs_->place(key);
+    if (!isNew && VariantCompare(stored, value))
         return;
-    prefs_->setValue(key, value);
+    stored = std::move(value);
     changed_ = true;
 }
 

@@ -27,7 +27,7 @@ public:
     virtual Variant Value(std::string_view key, const Variant& byDefault) const;
 
     /// Stores a value. One that equals the stored value changes nothing.
-    virtual void setValue(std::string_view key, const Variant& value);
+    virtual void setValue(std::string_view key, Variant value);
 
     /// Writes the file if there is something to write. To be called once, at the end.
     virtual void Close();

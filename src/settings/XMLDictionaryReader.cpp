@@ -2,6 +2,7 @@
 #include "platform/Number.h"
 #include "platform/Objects.h"
 #include "platform/Text.h"
+#include "platform/Unicode.h"
 #include "settings/XMLDictionary.h"
 
 #include <algorithm>
@@ -43,7 +44,17 @@ Variant readArray(XmlNode element) {
 
 Variant readColor(XmlNode element) {
     std::string text = NodeContents(element);
-    return colorFromText(text.empty() ? "&h" : text.replace(0, 1, "&h"));
+    return colorFromText(text.replace(0, text.empty() ? 0 : utf8Length(text), "&h"));
+}
+
+Variant readDate(XmlNode element) {
+    std::string text = NodeContents(element);
+    // The published property list format has "2004-07-21T10:00:00Z".
+    if (text.size() == 20 && text[10] == 'T' && text.back() == 'Z') {
+        text[10] = ' ';
+        text.pop_back();
+    }
+    return dateFromText(text);
 }
 
 /// A value element and how it is read.
@@ -63,8 +74,7 @@ constexpr std::array<ValueElement, 10> kValueElements{{
     {"dict", readDictionary},
     {"array", [](XmlNode e, const Variant&, const Variant&) { return readArray(e); }},
     {"null", [](XmlNode, const Variant&, const Variant&) { return Variant(); }},
-    {"date",
-     [](XmlNode e, const Variant&, const Variant&) { return dateFromText(NodeContents(e)); }},
+    {"date", [](XmlNode e, const Variant&, const Variant&) { return readDate(e); }},
     {"color", [](XmlNode e, const Variant&, const Variant&) { return readColor(e); }},
 }};
 

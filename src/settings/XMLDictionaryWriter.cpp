@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <stdexcept>
 #include <string_view>
 
@@ -33,6 +34,8 @@ const Flavour& flavour(bool plist) {
 }
 
 constexpr std::size_t kBase64Line = 45; ///< characters, not bytes
+constexpr std::size_t kBatch = 256;     ///< entries whose nodes a processor's cache holds
+constexpr std::size_t kUsualEntry = 80; ///< bytes of the text of most entries, or more
 constexpr std::string_view kRealMask = "-#.0##############";
 
 // An entry of level n stands n + 1 elements deep, and one more below the `plist` element.
@@ -100,6 +103,14 @@ void appendObject(XmlNode parent, const Variant& value, SeenStorages& seen, int 
     IndentNode(element, level, true);
 }
 
+/// An element with the text of a value, in characters that a document can hold.
+XmlNode appendString(XmlNode parent, const char* name, const Variant& value) {
+    std::string storage;
+    if (const std::string* text = value.string())
+        return appendElement(parent, name, xmlCharacters(*text, storage));
+    return appendElement(parent, name, value.stringValue());
+}
+
 XmlNode appendPlain(XmlNode parent, const Variant& value, bool plist) {
     switch (value.type()) {
     case VarType::Integer:
@@ -111,7 +122,7 @@ XmlNode appendPlain(XmlNode parent, const Variant& value, bool plist) {
     case VarType::Date:
         return appendElement(parent, "date", value.stringValue());
     case VarType::String:
-        return appendElement(parent, "string", xmlCharacters(value.stringValue()));
+        return appendString(parent, "string", value);
     case VarType::Boolean:
         return appendElement(parent, value.booleanValue() ? "true" : "false");
     case VarType::Color:
@@ -123,11 +134,44 @@ XmlNode appendPlain(XmlNode parent, const Variant& value, bool plist) {
     }
 }
 
+/// Appends the elements of one entry, with their layout.
+void appendEntry(XmlNode parent, const Variant& storage, std::size_t index, SeenStorages& seen,
+                 int level, bool plist) {
+    const Variant& key = StorageKey(storage, index);
+    if (!key.isNil())
+        IndentNode(appendString(parent, "key", key), level, false);
+    const Variant& value = StorageValue(storage, index);
+    if (value.type() == VarType::Object)
+        appendObject(parent, value, seen, level, plist);
+    else
+        IndentNode(appendPlain(parent, value, plist), level, false);
+}
+
+/// Adds the text of the outermost dictionary's entries. Only a few at a time stand in a tree.
+void appendEntriesText(const Variant& storage, std::string& text, bool plist) {
+    const std::size_t count = StorageCount(storage);
+    text.reserve(text.size() + count * kUsualEntry);
+    XmlDocument document;
+    XmlNode batch = document.node();
+    SeenStorages seen{storage.object<Object>()};
+    for (std::size_t index = 0; index < count; ++index) {
+        appendEntry(batch, storage, index, seen, 1, plist);
+        if ((index + 1) % kBatch == 0 || index + 1 == count) {
+            appendSerialised(batch, text);
+            batch.remove_children();
+        }
+    }
+}
+
+void requireStorage(const std::shared_ptr<Dictionary>& storage) {
+    if (!storage)
+        throw std::invalid_argument("There is no dictionary to write.");
+}
+
 } // namespace
 
 XmlDocument ExportXML(const std::shared_ptr<Dictionary>& storage, bool plist) {
-    if (!storage)
-        throw std::invalid_argument("There is no dictionary to write.");
+    requireStorage(storage);
     XmlDocument document;
     XmlNode root = appendElement(document.node(), flavour(plist).root);
     root.append_attribute("version").set_value(flavour(plist).version);
@@ -141,7 +185,14 @@ XmlDocument ExportXML(const std::shared_ptr<Dictionary>& storage, bool plist) {
 }
 
 std::string ExportXMLString(const std::shared_ptr<Dictionary>& storage, bool plist) {
-    return ExportXML(storage, plist).ToString(flavour(plist).doctype);
+    requireStorage(storage);
+    std::string text =
+        ExportXML(std::make_shared<Dictionary>(), plist).ToString(flavour(plist).doctype);
+    const std::size_t end = text.rfind(plist ? "\n</dict>" : "\n</xmldict>");
+    const std::string frameEnd = text.substr(end);
+    text.resize(end);
+    appendEntriesText(storage, text, plist);
+    return text += frameEnd;
 }
 
 bool SaveXML(const std::shared_ptr<Dictionary>& storage, const std::filesystem::path& file,
@@ -165,16 +216,8 @@ void ParseStorage(const Variant& storage, XmlNode node, SeenStorages& seen, int 
     if (level > kMaxLevel || !seen.insert(storage.object<Object>()).second)
         return;
     const std::size_t count = StorageCount(storage);
-    for (std::size_t index = 0; index < count; ++index) {
-        const Variant& key = StorageKey(storage, index);
-        if (!key.isNil())
-            IndentNode(appendElement(node, "key", xmlCharacters(key.stringValue())), level, false);
-        const Variant& value = StorageValue(storage, index);
-        if (value.type() == VarType::Object)
-            appendObject(node, value, seen, level, plist);
-        else
-            IndentNode(appendPlain(node, value, plist), level, false);
-    }
+    for (std::size_t index = 0; index < count; ++index)
+        appendEntry(node, storage, index, seen, level, plist);
 }
 
 std::size_t StorageCount(const Variant& storage) {
