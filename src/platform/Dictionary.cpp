@@ -42,21 +42,31 @@ std::size_t Dictionary::locate(std::uint32_t hash, Equals equals) const {
 
 template <typename KeyKind>
 const Variant* Dictionary::findKey(const KeyKind& key) const {
-    const std::size_t at =
-        locate(spread(hashOf(key)), [&](const Variant& held) { return isKey(held, key); });
-    return slots_[at].number == 0 ? nullptr : &entries_[slots_[at].number - 1].value;
+    if (next_ == entries_.size() || !isKey(entries_[next_].key, key)) {
+        const std::size_t at =
+            locate(spread(hashOf(key)), [&](const Variant& held) { return isKey(held, key); });
+        if (slots_[at].number == 0)
+            return nullptr;
+        next_ = slots_[at].number - 1;
+    }
+    return &entries_[next_++].value;
 }
 
 template <typename KeyKind>
 Dictionary::Place Dictionary::placeOf(KeyKind key) {
+    if (next_ < entries_.size() && isKey(entries_[next_].key, key))
+        return {entries_[next_++].value, false};
     const std::uint32_t hash = spread(hashOf(key));
     Slot& slot = slots_[locate(hash, [&](const Variant& held) { return isKey(held, key); })];
-    if (slot.number != 0)
-        return {entries_[slot.number - 1].value, false};
+    if (slot.number != 0) {
+        next_ = slot.number;
+        return {entries_[next_ - 1].value, false};
+    }
     entries_.push_back({std::move(key), {}});
     slot = {hash, static_cast<std::uint32_t>(entries_.size())};
     if (4 * entries_.size() > 3 * slots_.size())
         grow();
+    next_ = entries_.size();
     return {entries_.back().value, true};
 }
 

@@ -66,6 +66,9 @@ private:
     void grow();
 
     std::vector<Entry> entries_;
+    /// The index behind the entry found last. Keys are mostly asked for in their order, so the
+    /// entry there is looked at first, which spares the hash and a far jump in memory.
+    mutable std::size_t next_ = 0;
     std::vector<Slot> slots_ = std::vector<Slot>(8); ///< a power of two, never quite full
 };
 
