@@ -106,8 +106,10 @@ void MainWindow::LoadContents() {
     RowKey decKey(kDeclinationKey);
     RowWork work(app_.desktop().progress, "Restoring");
     for (std::int64_t row = 0; row < count; ++row) {
-        ConvertCoordinates(prefs().Value(raKey.of(row), 0.0).stringValue(),
-                           prefs().Value(decKey.of(row), 0.0).stringValue());
+        // In the order in which they were stored, which is the fastest to find them in.
+        const std::string ra = prefs().Value(raKey.of(row), 0.0).stringValue();
+        const std::string dec = prefs().Value(decKey.of(row), 0.0).stringValue();
+        ConvertCoordinates(ra, dec);
         work.rowDone([&] { return partOf(row, count); });
     }
     EpochChange();
