@@ -158,23 +158,22 @@ void finishNode(XmlNode node) {
 /// Completes a tree, without recursion, for nobody knows yet how deep it is. `plain` says that no
 /// text in it needs a look.
 void finishTree(XmlNode top, bool plain) {
-    XmlNode node = top.first_child();
     int depth = 1;
-    while (node) {
-        if (node.type() == pugi::node_element && depth > kMaxXmlDepth)
+    for (XmlNode node = top.first_child(); node;) {
+        if (depth > kMaxXmlDepth && node.type() == pugi::node_element)
             malformed("nested too deep");
         if (!plain)
             finishNode(node);
-        if (const XmlNode child = node.first_child()) {
-            node = child;
+        XmlNode next = node.first_child();
+        if (next) {
             ++depth;
-            continue;
+        } else {
+            for (next = node.next_sibling(); !next && depth > 1; next = node.next_sibling()) {
+                node = node.parent();
+                --depth;
+            }
         }
-        while (node != top && !node.next_sibling()) {
-            node = node.parent();
-            --depth;
-        }
-        node = node == top ? XmlNode() : node.next_sibling();
+        node = next;
     }
 }
 

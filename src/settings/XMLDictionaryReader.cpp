@@ -115,7 +115,7 @@ bool LoadXML(const std::shared_ptr<Dictionary>& storage, const XmlDocument& docu
 
 void ParseXML(XmlNode node, const Variant& storage) {
     Variant key;
-    for (const XmlNode child : node.children()) {
+    for (XmlNode child = node.first_child(); child; child = child.next_sibling()) {
         if (!isElement(child))
             continue;
         if (key.isNil() && isNamed(child, "key")) {
@@ -135,7 +135,7 @@ void ParseXML(XmlNode node, const Variant& storage) {
 
 std::string NodeContents(XmlNode node) {
     std::string text = node.value();
-    for (const XmlNode child : node.children()) {
+    for (XmlNode child = node.first_child(); child; child = child.next_sibling()) {
         if (child.type() == pugi::node_pcdata)
             text += child.value();
         else

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <map>
 
 namespace skyvert {
@@ -26,13 +25,13 @@ std::shared_ptr<Collection> collection(std::initializer_list<Variant> items) {
     return made;
 }
 
-std::shared_ptr<MemoryBlock> block(const char* bytes) {
-    return std::make_shared<MemoryBlock>(bytes);
-}
+const auto block = std::make_shared<MemoryBlock, const char*>;
 
-/// What stands between the tags of the outermost dictionary, with its layout.
+/// What stands between the tags of the outermost dictionary, with its layout. The tree has the
+/// same.
 std::string body(const std::shared_ptr<Dictionary>& storage, bool plist = false) {
     const std::string text = ExportXMLString(storage, plist);
+    EXPECT_TRUE(text.ends_with(ExportXML(storage, plist).ToString().substr(39)));
     const std::size_t begin = text.find(plist ? "<dict>\n" : "\"1.1\">\n") + 7;
     return text.substr(begin, text.rfind(plist ? "</dict>" : "</xmldict>") - begin);
 }
@@ -46,18 +45,16 @@ TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
     } cases[] = {
         {{}, "<null/>", "<false/>"}, {std::int32_t{-7}, "<integer>-7</integer>"},
         {std::numeric_limits<std::int64_t>::min(), "<integer>-9223372036854775808</integer>"},
-        {0.1F, "<real>.100000001490116</real>"}, {0.0, "<real>.0</real>"},
-        {2.0, "<real>2.0</real>"}, {-1.25, "<real>-1.25</real>"},
-        {2.0 / 3.0, "<real>.666666666666667</real>"},
-        {1e22, "<real>10000000000000000000000.0</real>"},
-        {DateValue{2000, 2, 29, 12, 5, 9}, "<date>2000-02-29 12:05:09</date>"}, {"", "<string/>"},
+        {0.1F, "<real>.100000001490116</real>"}, {0.0, "<real>.0</real>"}, {2.0, "<real>2.0</real>"},
+        {-1.25, "<real>-1.25</real>"}, {2.0 / 3.0, "<real>.666666666666667</real>"},
+        {1e22, "<real>10000000000000000000000.0</real>"}, {"", "<string/>"}, {true, "<true/>"},
+        {DateValue{2000, 2, 29, 12, 5, 9}, "<date>2000-02-29 12:05:09</date>"},
         {"a\tb <&> \"'\r\n", "<string>a\tb &lt;&amp;&gt; \"'&#13;\n</string>"},
-        {"\0\x1F|\u00E9|\xE9|\x80|\xEF\xBF\xBF|\xED\xA0\x80"s,
-         "<string>\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>"},
-        {true, "<true/>"}, {Color{0x00FF8040}, "<color>#FF8040</color>", "<false/>"},
+        {"sixteen is plain\0\x1F|\u00E9|\xE9|\x80|\xEF\xBF\xBF|\xED\xA0\x80"s,
+         "<string>sixteen is plain\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>"},
+        {Color{0x00FF8040}, "<color>#FF8040</color>", "<false/>"},
         {Color{0xFFAB0012}, "<color>#FFAB0012</color>", "<false/>"},
-        {Color{}, "<color>#0</color>", "<false/>"},
-        {std::make_shared<Object>(), "<null/>", "<false/>"},
+        {Color{}, "<color>#0</color>", "<false/>"}, {std::make_shared<Object>(), "<null/>", "<false/>"},
         {std::make_shared<FolderItem>("/a"), "<file>\n\tL2E=\n\t</file>", "<false/>"},
         {block(""), "<data>\n\t</data>"}, {block("\xFF\xFE"), "<data>\n\t//4=\n\t</data>"},
         {block("The quick brown fox jumps over the la"),
@@ -78,15 +75,22 @@ TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
               "\t<string>a</string>\n\t<key>12</key>\n\t<true/>\n"
               "\t<key>&lt;\uFFFD&gt;</key>\n\t<false/>\n");
     EXPECT_THROW(ExportXML(nullptr, false), std::invalid_argument);
+    EXPECT_THROW(ExportXMLString(nullptr, false), std::invalid_argument);
 }
 
-TEST(XMLDictionaryWriter, AStorageIsWrittenOnceAndCyclesEnd) {
+TEST(XMLDictionaryWriter, AStorageIsWrittenOnceHoweverFarApartAndCyclesEnd) {
     const auto shared = collection({"x"});
-    const auto cyclic = dictionary({{"a", shared}, {"b", shared}});
+    const auto cyclic = dictionary({{"a", shared}});
+    std::string expected = "\t<key>a</key>\n\t<array>\n\t\t<string>x</string>\n\t</array>\n";
+    for (int i = 0; i < 1000; ++i) {
+        cyclic->setValue(i, i);
+        expected += "\t<key>" + std::to_string(i) + "</key>\n\t<integer>" + std::to_string(i) +
+                    "</integer>\n";
+    }
+    cyclic->setValue("b", shared);
     cyclic->setValue("self", cyclic);
-    EXPECT_EQ(body(cyclic), "\t<key>a</key>\n\t<array>\n\t\t<string>x</string>\n\t</array>\n"
-                            "\t<key>b</key>\n\t<array>\n\t</array>\n"
-                            "\t<key>self</key>\n\t<dict>\n\t</dict>\n");
+    EXPECT_EQ(body(cyclic), expected + "\t<key>b</key>\n\t<array>\n\t</array>\n"
+                                       "\t<key>self</key>\n\t<dict>\n\t</dict>\n");
     cyclic->setValue("self", {});
 }
 
@@ -127,21 +131,22 @@ std::string read(const std::string& document) {
 
 TEST(XMLDictionaryReader, EntriesAreReadByTheTableOfElements) {
     // clang-format off
-    const std::array<std::string, 3> values[] = {
-        {"integer", "12.9", "I12"}, {"integer", "-12.9", "I-12"}, {"integer", "12 apples", "I12"},
-        {"integer", "9007199254740993", "I9007199254740992"}, {"integer", "apples", "I0"},
-        {"integer", "-99999999999999999999", "I-9223372036854775808"}, {"real", "-1.25", "R-1.25"},
-        {"real", ".5", "R0.5"}, {"real", "", "R0"}, {"null", "", "nil"}, {"false", "", "false"},
-        {"date", "2000-02-29 12:05:09", "2000-02-29 12:05:09"}, {"date", "1900-02-29", "nil"},
-        {"date", "2000-02-29", "2000-02-29 00:00:00"}, {"date", "soon", "nil"},
-        {"color", "#FF8040", "&h00ff8040"}, {"color", "?1", "&h00000001"},
-        {"color", "", "&h00000000"}, {"color", "#123456789", "&h00000000"}, {"string", "", "'"},
-        {"String", "  ", "'  "}, {"string", " x\ty ", "' x\ty "},
-        {"string", "x<!--c-->y<![CDATA[<z>]]><b k=\"&lt;\">&amp;</b> <?p i?>",
-         "'x<!--c-->y<![CDATA[<z>]]><b k=\"&lt;\">&amp;</b> <?p i?>"},
-        {"string", "&lt;&gt;&amp;&apos;&quot;&#65;&#xe9;&#x1F52D;&amp;lt;1\r\n2\r3&#13;4",
+    const std::pair<std::string, const char*> values[] = {
+        {"integer>12.9", "I12"}, {"integer>-12.9", "I-12"}, {"integer>12 apples", "I12"},
+        {"integer>9007199254740993", "I9007199254740992"}, {"integer>apples", "I0"},
+        {"integer>-99999999999999999999", "I-9223372036854775808"}, {"real>-1.25", "R-1.25"},
+        {"real>.5", "R0.5"}, {"real>", "R0"}, {"null>", "nil"}, {"false>", "false"},
+        {"date>2000-02-29 12:05:09", "2000-02-29 12:05:09"}, {"date>1900-02-29", "nil"},
+        {"date>2004-07-21T10:00:00Z", "2004-07-21 10:00:00"}, {"date>2004-07-21T10:00:00", "nil"},
+        {"date>2000-02-29", "2000-02-29 00:00:00"}, {"date>soon", "nil"}, {"color>", "&h00000000"},
+        {"color>#FF8040", "&h00ff8040"}, {"color>?1", "&h00000001"}, {"color>\u00E91", "&h00000001"},
+        {"color>#123456789", "&h00000000"}, {"string>", "'"}, {"String>  ", "'  "},
+        {"string> x\ty ", "' x\ty "},
+        {R"(string> <!-- - -- --> <![CDATA[<z>]]><b k="&lt;">&amp;</b> <?p i?>)",
+         R"(' <!-- - - - --> <![CDATA[<z>]]><b k="&lt;">&amp;</b> <?p i?>)"},
+        {"string>&lt;&gt;&amp;&apos;&quot;&#65;&#xe9;&#x1F52D;&amp;lt;1\r\n2\r3&#13;4",
          "'<>&'\"A\u00E9\U0001F52D&lt;1\n2\n3\r4"},
-        {"array", "<true/><key>k</key><string>s</string><data/><array/>", "[true 's []]"}};
+        {"array><true/><key>k</key><string>s</string><data/><array/>", "[true 's []]"}};
     const std::pair<std::string, const char*> entries[] = {
         {" \n<KEY>a</KEY>\n\t<true/> <key>a</key><null/><key> </key><true/><key/><true/>"
          "<key>A</key><true/>", "{a=nil  =true =true A=true}"},
@@ -157,9 +162,9 @@ TEST(XMLDictionaryReader, EntriesAreReadByTheTableOfElements) {
         EXPECT_EQ(read("<plist version='1.0'>\n<!--c--><dict>" + text + "</dict><x/></plist>"),
                   expected);
     };
-    for (const auto& [name, contents, value] : values)
-        expectRead("<key>k</key><" + name + ">" + contents + "</" + name + ">",
-                   "{k=" + value + "}");
+    for (const auto& [element, value] : values)
+        expectRead("<key>k</key><" + element + "</" + element.substr(0, element.find('>') + 1),
+                   "{k="s + value + "}");
     for (const auto& [text, expected] : entries)
         expectRead(text, expected);
 }
@@ -172,32 +177,38 @@ std::string utf16(std::string_view ascii, bool bigEndian) {
 }
 
 TEST(XMLDictionaryReader, DocumentsAreJudgedAsAWhole) {
-    const std::string good = "<d><key>a</key><true/></d>";
-    const std::string type = "<!DOCTYPE d SYSTEM \"http://nowhere.invalid/\" [<!ENTITY e \"x\">]>";
-    const std::string declaration = "<?xml version=\"1.0\"?>";
-    for (const std::string& document :
-         {good, type + good, utf16(good, false), utf16(good, true),
-          "\xEF\xBB\xBF" + declaration + "\n<!--c-->" + type + "<?p?>" + good + "\n<!--c-->",
-          "<PLIST>x<!--c--><DICT><key>a</key><true/></DICT></PLIST>"s})
-        EXPECT_EQ(read(document), "{a=true}") << document;
-    for (const char* document : {"<plist version=\"1.0.1\"><dict/></plist>",
-                                 "<any version=\"1.1.9\"/>", "<any version=\"x\"/>"})
-        EXPECT_EQ(read(document), "{}") << document;
     // clang-format off
-    const std::string refused[] = {
-        "<plist version=\"1.1\"><dict/></plist>", "<plist/>", "<plist><array/><dict/></plist>",
-        "<xmldict version=\"1.2\"><key>a</key><true/></xmldict>", "<d version=\"&#x32;\"/>", "",
-        utf16(good, true) + "\xD8", utf16(good, false) + "\x00\xD8\n\0"s, " \n", "text",
-        good + good, good + "x", "x" + good, "<![CDATA[x]]>" + good, "\n" + declaration + good,
-        good + "\0"s, type + type + good, good + type, type + "<d>&e;</d>", "<d x=\"<\"/>",
-        "<d x='' x=''/>", "<d"};
+    const std::string good = "<d><key>a</key><true/></d>";
+    const std::string type = R"(<!DOCTYPE d SYSTEM "http://nowhere.invalid/" [<!ENTITY e "x">]>)";
+    const std::string declaration = "<?xml version='1.0'?>";
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"{a=true}", {good, type + good, utf16(good, false), utf16(good, true),
+         "\xEF\xBB\xBF" + declaration + "\n<!--c-->" + type + "<?p?>" + good + "\n<!--c-->",
+         "<PLIST>x<!--c--><DICT><key>a</key><true/></DICT></PLIST>"}},
+        {"{}", {"<plist version='1.0.1'><dict/></plist>", "<any version='1.1.9'/>", "<any version='x'/>"}},
+        {"{\u00E9='\u00FC}", {"<?xml version='1.0' encoding='ISO-8859-1'?>"
+         "<d><key>\xE9</key><string>\xFC</string></d>"}},
+        {"refused", {"<plist version='1.1'><dict/></plist>", "<plist/>", "<plist><array/><dict/></plist>",
+         "<xmldict version='1.2'><key>a</key><true/></xmldict>", "<d version='&#x32;'/>", "", " \n",
+         "text", good + good, good + "x", "x" + good, "<![CDATA[x]]>" + good, "\n" + declaration + good,
+         good + "\0"s, type + type + good, good + type, type + "<d>&e;</d>", "<d x='&e;'/>", "<d",
+         utf16(good + "x", true)}}};
     // clang-format on
-    for (const std::string& document : refused)
-        EXPECT_EQ(read(document), "refused") << document;
-    for (const std::string content :
-         {"\x01", "\xE9", "\xEF\xBF\xBE", "&", "&none;", "&amp", "&#0;", "&#x110000;", "&#xD800;",
-          "&#xFFFE;", "&#-65;", "&#;", "]]>", "<!-- -- -->", "<e>"})
+    for (const auto& [expected, documents] : cases)
+        for (const std::string& document : documents)
+            EXPECT_EQ(read(document), expected) << document;
+    for (const std::string content : {"\x01", "\xE9", "\xEF\xBF\xBE", "&", "&none;", "&amp", "&#0;",
+                                      "&#x110000;", "&#xD800;", "&#xFFFE;", "&#-65;", "&#;", "]]>", "<e>"})
         EXPECT_EQ(read("<d>" + content + "</d>"), "refused") << content;
+}
+
+TEST(XMLDictionaryReader, ADocumentOutlivesATextThatIsRefused) {
+    XmlDocument document;
+    document.LoadXml("<d><key>a</key><true/></d>");
+    for (const char* text : {"<d>", "\xFF", "x<d/>", "<d>&none;</d>"}) {
+        EXPECT_THROW(document.LoadXml(text), XmlException);
+        EXPECT_EQ(document.ToString().substr(39), "<d><key>a</key><true/></d>");
+    }
 }
 
 TEST(XMLDictionaryReader, DeepNestingIsReadToTheLimitAndRefusedBehindIt) {
