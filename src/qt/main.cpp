@@ -6,6 +6,7 @@
 #include "qt/UnixSignals.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLocale>
 #include <QPalette>
 #include <QStandardPaths>
@@ -49,6 +50,14 @@ std::filesystem::path applicationData() {
 #endif
 }
 
+/// The program's icon, in the sizes that title bars, task bars and switchers ask for.
+QIcon windowIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128, 256})
+        icon.addFile(QString(":/skyvert-%1.png").arg(size));
+    return icon;
+}
+
 /// The window's life. Returns the exit code of the event loop.
 int runWindow(App& app, ProgressOverlay& progress) {
     MainWindow window(app);
@@ -67,6 +76,8 @@ int runWindow(App& app, ProgressOverlay& progress) {
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     askForLightPalette();
+    QApplication::setWindowIcon(windowIcon());
+    QGuiApplication::setDesktopFileName("skyvert");
 
     const Locale locale = systemLocale();
     const SystemClock clock;
