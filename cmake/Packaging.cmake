@@ -30,6 +30,7 @@ else()
   install(FILES ${PROJECT_BINARY_DIR}/skyvert.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES ${packaging}/copyright ${PROJECT_BINARY_DIR}/changelog.gz
     ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${documents})
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/guide.md DESTINATION ${documents}/docs)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/screenshots DESTINATION ${documents}/docs)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents})
 endif()

@@ -40,6 +40,17 @@ take_window_picture() {
     import -window "$(find_window "$1")" "$2"
 }
 
+# end_program PID: asks a program to end, as a desktop does, and waits until it has.
+end_program() {
+    kill -TERM "$1"
+    repeat_until 10 has_ended "$1" || die "the program did not end when asked to"
+    wait "$1" || die "the program ended with code $?"
+}
+
+has_ended() {
+    ! kill -0 "$1"
+}
+
 # stop_display: ends the display and everything on it. Runs by itself at the end of the script.
 stop_display() {
     local pid
