@@ -123,7 +123,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Locale& locale = kLocales[data[0] % kLocales.size()];
     const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
     std::string storage;
-    const std::string_view folded = FoldLookAlikes(text, storage);
+    const std::string_view folded = foldLookAlikes(text, storage);
     RADecFormat format(locale);
     format.setRADecimals(data[0] / 16 - 1);
     format.setDecDecimals(data[0] / 16 - 1);

@@ -197,8 +197,9 @@ TEST(XMLDictionaryReader, DocumentsAreJudgedAsAWhole) {
     for (const auto& [expected, documents] : cases)
         for (const std::string& document : documents)
             EXPECT_EQ(read(document), expected) << document;
-    for (const std::string content : {"\x01", "\xE9", "\xEF\xBF\xBE", "&", "&none;", "&amp", "&#0;",
-                                      "&#x110000;", "&#xD800;", "&#xFFFE;", "&#-65;", "&#;", "]]>", "<e>"})
+    for (const std::string content :
+         {"\x01", "\xE9", "\xEF\xBF\xBE", "&", "&none;", "&amp", "&#0;", "&#x110000;", "&#xD800;",
+          "&#xFFFE;", "&#-65;", "&#;", "]]>", "<e>"})
         EXPECT_EQ(read("<d>" + content + "</d>"), "refused") << content;
 }
 
