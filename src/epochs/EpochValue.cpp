@@ -68,6 +68,7 @@ int storedRow(const JsonObject& stored) {
 
 std::vector<std::string> epochRows() {
     std::vector<std::string> rows;
+    rows.reserve(kPresets.size() + 2);
     for (const Preset& preset : kPresets)
         rows.emplace_back(preset.name);
     rows.emplace_back(kNow);

@@ -25,8 +25,7 @@ void Control::open() {
 }
 
 void Control::close() {
-    if (Close)
-        Close();
+    raiseClose();
 }
 
 void PushButton::press() {

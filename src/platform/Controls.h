@@ -69,6 +69,12 @@ public:
     std::function<void()> Close;
 
 protected:
+    /// Runs the event of closing, if somebody handles it.
+    void raiseClose() {
+        if (Close)
+            Close();
+    }
+
     /// Stores a value and refreshes the view. Returns false when the value stood there before.
     template <typename Field, typename Value>
     bool assign(Field& field, const Value& value) {

@@ -23,7 +23,7 @@ void Window::close() {
     };
     for (Control* child : children())
         attempt([child] { child->close(); });
-    attempt([this] { Control::close(); });
+    attempt([this] { raiseClose(); });
     if (firstError)
         std::rethrow_exception(firstError);
 }

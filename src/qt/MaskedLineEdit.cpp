@@ -72,16 +72,21 @@ void MaskedLineEdit::paste() {
 }
 
 void MaskedLineEdit::keyPressEvent(QKeyEvent* event) {
-    if (isReadOnly())
+    if (isReadOnly() || !editedBy(*event))
         QLineEdit::keyPressEvent(event);
-    else if (event->matches(QKeySequence::Paste))
+}
+
+/// Does what a key asks for, if it is one that the mask has a say in.
+bool MaskedLineEdit::editedBy(const QKeyEvent& event) {
+    if (event.matches(QKeySequence::Paste))
         paste();
-    else if (event->matches(QKeySequence::Cut))
+    else if (event.matches(QKeySequence::Cut))
         cut();
-    else if (isTyping(*event))
-        type(event->text());
-    else if (!erasedBy(*event))
-        QLineEdit::keyPressEvent(event);
+    else if (isTyping(event))
+        type(event.text());
+    else
+        return erasedBy(event);
+    return true;
 }
 
 /// Deletes by Backspace and Delete. What other keys delete needs no mask.

@@ -33,10 +33,9 @@ public:
 
     void setEntryMask(EntryMask mask) { mask_ = std::move(mask); }
 
-public slots:
     // These hide operations that QLineEdit's context menu calls by name.
-    void cut();
-    void paste();
+    Q_SLOT void cut();
+    Q_SLOT void paste();
 
 signals:
     /// A person has changed the text, never code. A receiver may call `setText` at once.
@@ -52,6 +51,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    bool editedBy(const QKeyEvent& event);
     bool erasedBy(const QKeyEvent& event);
     void eraseSelection();
     void type(const QString& typed);

@@ -17,7 +17,7 @@ constexpr int kSteps = 1000;
 } // namespace
 
 ProgressOverlay::~ProgressOverlay() {
-    end();
+    disappear();
 }
 
 void ProgressOverlay::begin(std::string_view what) {
@@ -55,6 +55,10 @@ void ProgressOverlay::report(std::int64_t rows, double fraction) {
 }
 
 void ProgressOverlay::end() {
+    disappear();
+}
+
+void ProgressOverlay::disappear() {
     if (!bar_)
         return;
     delete bar_.data();

@@ -26,6 +26,7 @@ public:
 
 private:
     void appear();
+    void disappear();
 
     QPointer<QWidget> window_;
     QPointer<QProgressBar> bar_; ///< while it is shown; goes with the window
