@@ -70,7 +70,7 @@ public:
 
 protected:
     /// Runs the event of closing, if somebody handles it.
-    void raiseClose() {
+    void raiseClose() const {
         if (Close)
             Close();
     }
