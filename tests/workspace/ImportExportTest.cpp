@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "support/CountingAllocator.h"
 #include "support/TestWindow.h"
 
 namespace skyvert {
@@ -123,6 +124,19 @@ TEST_F(ImportExportTest, ADialogCancelledOrAFileThatFailsChangesNothing) {
         EXPECT_THROW(main.ExportListBtn.press(), FileError);
     }
     EXPECT_EQ(main.list.RowCount(), 1);
+}
+
+TEST_F(ImportExportTest, AnImportAllocatesForBlocksOfRowsAndNotForRows) {
+    for (const char* dialect : kDialects) {
+        std::string bytes;
+        const std::size_t separator = std::string_view("T\tC,S ").find(dialect[0]) + 1;
+        for (int row = 0; row < 20'000; ++row)
+            bytes.append("12:34:56.78").append(1, "T\tC,S "[separator]).append("-01:02:03.4\n");
+        import(dialect, bytes);
+        const std::size_t before = allocationCount();
+        main.FileImportBtn.press();
+        EXPECT_LT(allocationCount() - before, 200U) << dialect;
+    }
 }
 
 TEST_F(ImportExportTest, LongWorkTellsHowFarItHasCome) {
