@@ -3,23 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
-// Tables stand several cases to a line.
-// clang-format off
 
-namespace skyvert {
-namespace {
+namespace skyvert::julian_date_test {
 
 TEST(JulianDate, OfCalendarDatesOnBothSidesOfTheReform) {
-    const struct { std::int64_t year, month; double day, julianDate; } cases[] = {
+    const std::tuple<std::int64_t, std::int64_t, double, double> cases[] = {
         {1900, 1, 1.0, 2415020.5}, {1950, 1, 1.0, 2433282.5}, {2000, 1, 1.0, 2451544.5},
         {2050, 1, 1.0, 2469807.5}, {2000, 1, 1.5, 2451545.0}, {-4712, 1, 1.5, 0.0},
         {837, 4, 10.3, 2026871.8}, {-1000, 2, 29.0, 1355866.5}, {1582, 10, 4.0, 2299159.5},
         {1582, 10, 4.9, 2299160.4}, {1582, 10, 5.0, 2299150.5}, {1582, 10, 14.0, 2299159.5},
         {1582, 10, 15.0, 2299160.5}, {1582, 9, 30.0, 2299155.5}, {1582, 11, 1.0, 2299177.5},
-        {2000, 13, 1.0, 2451910.5}, {2001, 2, 31.0, 2451971.5},
-    };
+        {2000, 13, 1.0, 2451910.5}, {2001, 2, 31.0, 2451971.5}};
 
     for (const auto& [year, month, day, julianDate] : cases)
         EXPECT_EQ(DateToJulian(year, month, day), julianDate);
@@ -29,18 +24,11 @@ TEST(JulianDate, OfCalendarDatesOnBothSidesOfTheReform) {
 }
 
 TEST(JulianDate, BecomesADateRoundedToTheSecond) {
-    const struct {
-        double julianDate;
-        Date date;
-    } cases[] = {{2299160.5, {1582, 10, 15}},
-                 {2299159.5, {1582, 10, 4}},
-                 {2451545.0, {2000, 1, 1, 12, 0, 0}},
-                 {2436116.31, {1957, 10, 4, 19, 26, 24}},
-                 {0.0, {-4712, 1, 1, 12, 0, 0}},
-                 {1355866.5, {-1000, 2, 29}},     // a day of the Julian calendar only
-                 {2451544.4999999, {2000, 1, 1}}, // through all three carries
-                 {2451604.4999999, {2000, 3, 1}}};
-
+    const std::pair<double, Date> cases[] = {
+        {2299160.5, {1582, 10, 15}}, {2299159.5, {1582, 10, 4}},
+        {2451545.0, {2000, 1, 1, 12, 0, 0}}, {2436116.31, {1957, 10, 4, 19, 26, 24}},
+        {0.0, {-4712, 1, 1, 12, 0, 0}}, {1355866.5, {-1000, 2, 29}}, // of the Julian calendar only
+        {2451544.4999999, {2000, 1, 1}}, {2451604.4999999, {2000, 3, 1}}}; // through three carries
     for (const auto& [julianDate, date] : cases)
         EXPECT_EQ(JulianToDate(julianDate), date) << julianDate;
     for (double julianDate = -0.5; julianDate < 5373484.5; julianDate += 1.0)
@@ -59,5 +47,4 @@ TEST(JulianDate, SurvivesEveryNumber) {
     }
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::julian_date_test

@@ -5,23 +5,16 @@
 #include <cmath>
 #include <fstream>
 #include <numbers>
-#include <string>
 
-// Tables stand several cases to a line.
-// clang-format off
 
-namespace skyvert {
-namespace {
+namespace skyvert::precession_test {
 
 constexpr double kB1950 = 2433282.5;
 constexpr double kJ2000 = 2451544.5;
 
 TEST(Precession, GivesTheKnownValuesToTheLastDigit) {
-    const struct {
-        double from, to;
-        Pair position, expected;
-        double raTolerance, decTolerance; // half a unit of the last digit given
-    } cases[] = {
+    // The tolerances are half a unit of the last digit given.
+    const std::tuple<double, double, Pair, Pair, double, double> cases[] = {
         {2451545.0, 2451545.0, {12.0, 45.0}, {12.0000000001, 44.9999999486}, 5e-11, 5e-11},
         {kJ2000, kJ2000, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},
         {2000.0, 2451545.0, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},
@@ -34,11 +27,9 @@ TEST(Precession, GivesTheKnownValuesToTheLastDigit) {
         {kB1950, kJ2000, {0.0, 90.0}, {12.02135192, 89.72160303}, 5e-9, 5e-9},
         {kB1950, kJ2000, {0.0, -90.0}, {0.02135193849, -89.72160283}, 5e-12, 5e-9},
         {kJ2000, kJ2000, {25.0, 0.0}, {1.0, 0.0}, 1e-8, 0.0},
-        {kJ2000, kJ2000, {-1.0, 0.0}, {23.0, 0.0}, 1e-8, 0.0},
-    };
+        {kJ2000, kJ2000, {-1.0, 0.0}, {23.0, 0.0}, 1e-8, 0.0}};
 
     for (const auto& [from, to, position, expected, raTolerance, decTolerance] : cases) {
-        SCOPED_TRACE(testing::Message() << from << ' ' << position.Left << ' ' << position.Right);
         const Pair result = ConvertEpoch(from, to, position);
         EXPECT_NEAR(result.Left, expected.Left, raTolerance);
         EXPECT_NEAR(result.Right, expected.Right, decTolerance);
@@ -69,10 +60,8 @@ TEST(Precession, AgreesWithAnIndependentImplementation) {
     std::ifstream table(SKYVERT_TEST_DATA "/erfa_prec76.tsv");
     std::string header;
     std::getline(table, header);
-    double from = 0.0;
-    double to = 0.0;
-    Pair in{};
-    Pair out{};
+    double from = 0.0, to = 0.0;
+    Pair in{}, out{};
     int rows = 0;
     for (; table >> from >> to >> in.Left >> in.Right >> out.Left >> out.Right; ++rows)
         EXPECT_LT(separation(ConvertEpoch(from, to, in), out), 0.5) << in.Left << ' ' << in.Right;
@@ -81,24 +70,21 @@ TEST(Precession, AgreesWithAnIndependentImplementation) {
 
 TEST(Precession, SurvivesEveryNumber) {
     const double values[] = {-0.0, 91.0, 1e17, -1e300, std::nan(""), HUGE_VAL, -HUGE_VAL};
-    for (const double epoch : values) {
-        for (const double ra : values) {
+    for (const double epoch : values)
+        for (const double ra : values)
             for (const double dec : values) {
                 const double newRa = ConvertEpoch(epoch, kJ2000, {ra, dec}).Left;
                 EXPECT_FALSE(newRa < 0.0 || newRa > 24.0000001);
             }
-        }
-    }
 }
 
 TEST(Normalise, TurnsIntoTheClosedRange) {
     constexpr double turn = 6.2831853072;
 
-    const struct { double value, low, high, expected; } cases[] = {
+    const std::array<double, 4> cases[] = {
         {turn, 0.0, turn, turn}, {0.0, 0.0, turn, 0.0}, {-1.0, 0.0, 2.0, 1.0}, {5.0, 0.0, 2.0, 1.0},
         {9.0, -3.0, -1.0, -1.0}, {-7.0, 0.0, turn, 5.5663706144}, {1e15, 0.0, 2.0, 0.0},
-        {-1e15 + 1, 0, 2.0, 1.0}, {1e300, 0.0, 2.0, 0.0},
-    };
+        {-1e15 + 1, 0, 2.0, 1.0}, {1e300, 0.0, 2.0, 0.0}};
 
     for (const auto& [value, low, high, expected] : cases)
         EXPECT_DOUBLE_EQ(Normalise(value, low, high), expected) << value;
@@ -108,5 +94,4 @@ TEST(Normalise, TurnsIntoTheClosedRange) {
     EXPECT_TRUE(std::isfinite(Normalise(far - 4.0, far, far + 1.0))) << "a span lost in rounding";
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::precession_test

@@ -6,12 +6,9 @@
 
 #include <algorithm>
 
-namespace skyvert {
-namespace {
+namespace skyvert::entry_typing_test {
 
-bool isSeparator(char c) {
-    return (c < '0' || c > '9') && c != '+' && c != '-';
-}
+bool isSeparator(char c) { return (c < '0' || c > '9') && c != '+' && c != '-'; }
 
 /// Whether a rendered text can be typed with and without its separators, be pasted, and have each
 /// digit and the sign deleted and typed again.
@@ -38,37 +35,32 @@ void expectTypable(const EntryMask& mask, const std::string& rendered) {
 }
 
 TEST(EntryTyping, EveryRenderedPositionCanBeTypedPastedAndMended) {
+    const double hours[] = {0.0, 0.0083, 1.2, 9.99999, 12.999999, 15.7851, 20.00347, 23.9999999};
+    const double degrees[] = {0.0, -0.5, 5.25, 12.99999, -0.00001, -67.0101, 90.0, -89.9999999};
     int masks = 0;
-    const auto check = [&](const std::string& mask, const Locale& locale, int decimals,
-                           std::initializer_list<double> values, const auto& render) {
-        if (std::count(mask.begin(), mask.end(), '9') < std::max(decimals, 1))
-            return;
-        ++masks;
-        for (const double value : values)
-            expectTypable(EntryMask(mask, locale.decimalPoint), render(value));
-    };
     for (const Locale& locale : {Locale{".", ","}, Locale{",", "."}, Locale{"٫", "٬"}})
         for (int variant = 0; variant < 14; ++variant) {
-            const int decimals = variant / 2;
             RADecFormat format(locale);
             format.setLocalised(variant % 2 == 1);
-            format.setRADecimals(decimals);
-            format.setDecDecimals(decimals);
+            format.setRADecimals(variant / 2);
+            format.setDecDecimals(variant / 2);
+            const auto check = [&](const std::string& mask, auto write, const auto& values) {
+                if (std::count(mask.begin(), mask.end(), '9') < std::max(variant / 2, 1))
+                    return;
+                ++masks;
+                for (const double value : values)
+                    expectTypable(EntryMask(mask, locale.decimalPoint), (format.*write)(value));
+            };
             for (const std::string& notation : RADecFormat::SupportedRAFormats()) {
                 format.setRaFormat(notation);
-                check(format.RAMask(), locale, decimals,
-                      {0.0, 0.0083, 1.2, 9.99999, 12.999999, 15.7851, 20.00347, 23.9999999},
-                      [&](double hours) { return format.ExportRA(hours); });
+                check(format.RAMask(), &RADecFormat::ExportRA, hours);
             }
             for (const std::string& notation : RADecFormat::SupportedDecFormats()) {
                 format.setDecFormat(notation);
-                check(format.DecMask(), locale, decimals,
-                      {0.0, -0.5, 5.25, 12.99999, -0.00001, -67.0101, 90.0, -89.9999999},
-                      [&](double degrees) { return format.ExportDec(degrees); });
+                check(format.DecMask(), &RADecFormat::ExportDec, degrees);
             }
         }
     EXPECT_EQ(masks, 3 * 2 * (12 * 6 + 12 * 7)) << "masks of 5 and of 6 decimals";
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::entry_typing_test

@@ -4,15 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cmath>
-#include <limits>
 #include <span>
+#include <cmath>
 
-// Tables stand several cases to a line.
-// clang-format off
 
-namespace skyvert {
-namespace {
+namespace skyvert::parsing_test {
 
 const Locale kComma{",", "."};
 
@@ -24,17 +20,24 @@ constexpr std::string_view kSum = "Value must be non-negative and less than 24";
 constexpr std::string_view kDecDegrees = "Degrees must be between -90 and +90";
 constexpr std::string_view kDecSum = "Value must be between -90 and +90 degrees";
 
-struct Case { std::string_view notation, text; double value; std::string_view error = ""; };
+struct Case {
+    std::string_view notation, text;
+    double value;
+    std::string_view error = "";
+};
+
 using Import = double (RADecFormat::*)(std::string_view, std::string_view&) const;
 
 /// Reads each text with its notation set for right ascension and declination alike.
-void checkCases(std::span<const Case> cases, Import import, std::string_view localised = "N") {
+void checkCases(std::span<const Case> cases, Import import, bool localised = false) {
     for (const Case& c : cases) {
-        const std::string name(c.notation);
-        const RADecFormat format(name + "\t" + name + "\t" + std::string(localised), kComma);
+        RADecFormat format(kComma);
+        format.setRaFormat(c.notation);
+        format.setDecFormat(c.notation);
+        format.setLocalised(localised);
         std::string_view error = "left over";
-        EXPECT_EQ((format.*import)(c.text, error), c.value) << name << " <- " << c.text;
-        EXPECT_EQ(error, c.error) << name << " <- " << c.text;
+        EXPECT_EQ((format.*import)(c.text, error), c.value) << c.notation << " <- " << c.text;
+        EXPECT_EQ(error, c.error) << c.text;
     }
 }
 
@@ -67,8 +70,7 @@ TEST(Parsing, RightAscension) {
         {"DDD°MM'SS\"", "236 ° 46 '", 46.0 / 15.0 / 60.0 + 236.0 / 15.0},
         {"HH:MM", "1 2 : 3 4", h12m34}, {"HH:MM:SS", "::36", 0.01},
         {"HH", " \t\r\n", 0.0, "No data!"}, {"none", " ", 0.0, "No data!"},
-        {"none", "12", -999.0, "Bad format!"},
-    };
+        {"none", "12", -999.0, "Bad format!"}};
     checkCases(cases, &RADecFormat::ImportRA);
 }
 
@@ -88,8 +90,7 @@ TEST(Parsing, Declination) {
         {"+DDMMSS", "-224030.36", -((40.0 / 60.0 + 22.0) + 30.36 / 3600.0)},
         {"+DD°MM'", "22°40'30\"", 40.0 / 60.0 + 22.0 + 30.0 / 3600.0},
         {"+DD°MM'SS\"", "+22°40'", 40.0 / 60.0 + 22.0}, {"none", "", 0.0, "No data!"},
-        {"none", "-", -999.0, "Bad format!"},
-    };
+        {"none", "-", -999.0, "Bad format!"}};
     checkCases(cases, &RADecFormat::ImportDec);
     std::string_view error;
     for (const std::string_view zero : {"-", "-00 00 00"})
@@ -102,41 +103,37 @@ TEST(Parsing, CommaPassesThroughEveryMethodOfALocalisedRecord) {
         {"HH:MM", "12: 30,5", 30.5 / 60.0 + 12.0}, {"HHhMMm", "12h30,5m", 30.5 / 60.0 + 12.0},
         {"HHMM", "1230,5", 30.5 / 60.0 + 12.0}, {"DDD°MM'", "180°30,0'", 30.0 / 15.0 / 60.0 + 12.0},
     };
-    checkCases(cases, &RADecFormat::ImportRA, "Y");
-}
-
-/// Reads a text with two records that mean the same, of which only the first one has a short road.
-void expectOneMeaning(const std::string& notation, std::string_view text, Import import) {
-    static const Locale ungrouped{".", ""};
-    const RADecFormat format(notation + "\t" + notation, ungrouped);
-    RADecFormat localised = format;
-    localised.setLocalised(true);
-    std::string_view errors[2];
-    const std::uint64_t bits = std::bit_cast<std::uint64_t>((format.*import)(text, errors[0]));
-    EXPECT_EQ(bits, std::bit_cast<std::uint64_t>((localised.*import)(text, errors[1])))
-        << notation << " <- " << text;
-    EXPECT_EQ(errors[0], errors[1]) << notation << " <- " << text;
+    checkCases(cases, &RADecFormat::ImportRA, true);
 }
 
 TEST(Parsing, ShortRoadAgreesWithTheGeneralOne) {
     std::vector<std::string> texts{
         "12h34m56s", "12°34'56\"", "12°34'", "12:34:56.7", "1234567.8", "12 34", "12.5 .5 7.",
-        "000000000000000012", "123456789012345.6", "0.1234567890123456", "12:34:", "12 34 56 ",
-    };
-    for (std::size_t i = texts.size(); i-- > 0;) {
-        const std::string plain = texts[i];
-        for (std::size_t at = 0; at <= plain.size(); ++at) {
-            texts.push_back(plain.substr(0, at));
+        "000000000000000012", "123456789012345.6", "0.1234567890123456", "12:34:", "12 34 56 "};
+    for (std::size_t i = texts.size(); i-- > 0;)
+        for (std::size_t at = 0; at <= texts[i].size(); ++at) {
+            const std::string head = texts[i].substr(0, at);
+            texts.push_back(head);
             for (const char* piece : {"7", " ", ":", ".", "-", "h", "M", "°", "\xC2", "'", "x"})
-                texts.push_back(plain.substr(0, at) + piece + plain.substr(at));
+                texts.push_back(head + piece + texts[i].substr(at));
         }
-    }
-    for (const std::string& text : texts) {
-        for (const std::string& notation : RADecFormat::SupportedRAFormats())
-            expectOneMeaning(notation, text, &RADecFormat::ImportRA);
-        for (const std::string& notation : RADecFormat::SupportedDecFormats())
-            expectOneMeaning(notation, text, &RADecFormat::ImportDec);
-    }
+    // The texts mean the same to a localised record, which has no short road.
+    const Locale ungrouped{".", ""};
+    const auto expectOneMeaning = [&](const std::string& notation, Import import) {
+        const RADecFormat plain(notation + "\t" + notation, ungrouped);
+        const RADecFormat localised(notation + "\t" + notation + "\tY", ungrouped);
+        std::string_view error, otherError;
+        for (const std::string& text : texts) {
+            EXPECT_EQ(std::bit_cast<std::uint64_t>((plain.*import)(text, error)),
+                      std::bit_cast<std::uint64_t>((localised.*import)(text, otherError)))
+                << notation << " <- " << text;
+            EXPECT_EQ(error, otherError) << notation << " <- " << text;
+        }
+    };
+    for (const std::string& notation : RADecFormat::SupportedRAFormats())
+        expectOneMeaning(notation, &RADecFormat::ImportRA);
+    for (const std::string& notation : RADecFormat::SupportedDecFormats())
+        expectOneMeaning(notation, &RADecFormat::ImportDec);
 }
 
 TEST(Parsing, NastyTextsAndValuesDoNoHarmInAnyNotation) {
@@ -144,15 +141,11 @@ TEST(Parsing, NastyTextsAndValuesDoNoHarmInAnyNotation) {
         std::string(400, '9'), std::string(1'000'000, ' ') + "1", std::string(1'000'000, ':'),
         std::string(200, ' ') + "12" + std::string(200, 'h'), std::string("1\0002\0", 4),
         "\x80\x80\x80\x80\x80", "12\xC2h\xFF\xB0",
-        "-" + std::string(400, '9') + " " + std::string(400, '9'), "+", ":.:-:+", "1e999", "nan",
-    };
-    const double values[] = {
-        std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::infinity(),
-        std::numeric_limits<double>::max(), std::numeric_limits<double>::denorm_min(), -1e300,
-    };
+        "-" + std::string(400, '9') + " " + std::string(400, '9'), "+", ":.:-:+", "1e999", "nan"};
+    constexpr double infinity = std::numeric_limits<double>::infinity();
     const auto decs = RADecFormat::SupportedDecFormats();
     const auto ras = RADecFormat::SupportedRAFormats();
-    for (std::size_t i = 0; i < ras.size(); ++i) {
+    for (std::size_t i = 0; i < ras.size(); ++i)
         for (const char* rest : {"\tN\t2\t2", "\tY\t9e18\t9e18"}) {
             const RADecFormat format(ras[i] + "\t" + decs[i % decs.size()] + rest, kComma);
             std::string_view error;
@@ -160,29 +153,22 @@ TEST(Parsing, NastyTextsAndValuesDoNoHarmInAnyNotation) {
             for (const std::string& text : texts)
                 out += format.ExportRA(format.ImportRA(text, error)) +
                        format.ExportDec(format.ImportDec(text, error));
-            for (const double value : values)
+            for (const double value : {std::nan(""), -infinity, 1.7e308, 5e-324, -1e300})
                 out += format.ExportRA(value) + format.ExportDec(value);
             EXPECT_EQ(out.find("e+"), std::string::npos);
         }
-    }
 }
 
 TEST(LookAlikes, AreReadAsTheCharactersOfANotation) {
-    struct Folding { std::string_view text, folded; };
-    const Folding cases[] = {
+    const std::pair<std::string_view, std::string_view> cases[] = {
         {"−22º40′30″", "-22°40'30\""}, {"22˚40’30”", "22°40'30\""}, {"22°40'", "22°40'"},
         {"1\u00A02\u20073\u20094\u200A5\u202F6", "1 2 3 4 5 6"}, {"12ʰ34ᵐ56ˢ", "12h34m56s"},
-        {"\xE2\x88 \xFFé\xC2", "\xE2\x88 \xFFé\xC2"}, {"", ""},
-    };
-    for (const Folding& c : cases) {
-        SCOPED_TRACE(c.text);
-        std::string storage;
-        EXPECT_EQ(foldLookAlikes(c.text, storage), c.folded);
-    }
-    std::string unused;
+        {"\xE2\x88 \xFFé\xC2", "\xE2\x88 \xFFé\xC2"}, {"", ""}};
+    std::string storage;
+    for (const auto& [text, folded] : cases)
+        EXPECT_EQ(foldLookAlikes(text, storage), folded);
     const std::string_view ascii = "12 34 56";
-    EXPECT_EQ(foldLookAlikes(ascii, unused).data(), ascii.data());
+    EXPECT_EQ(foldLookAlikes(ascii, storage).data(), ascii.data());
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::parsing_test

@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 
-namespace skyvert {
-namespace {
+namespace skyvert::entry_mask_test {
 
 constexpr const char* kBlanks = R"(##\ ##\ ##\.99999)";
 constexpr const char* kColons = R"(##\:##\:##.99999)";
@@ -28,26 +26,19 @@ std::string changed(const EntryMask& mask, std::string shown, std::string_view i
     };
     const std::size_t first = take('[', take('|', 0));
     const std::size_t last = take(']', first);
-    std::optional<EntryText> entry;
-    if (insertion != "<" && insertion != ">")
-        entry = mask.replace(shown, first, last, insertion);
-    else if (first != last)
-        entry = mask.erase(shown, first, last);
-    else
-        entry = insertion == "<" ? mask.eraseBefore(shown, first) : mask.eraseAfter(shown, first);
+    std::optional<EntryText> entry =
+        insertion != "<" && insertion != ">" ? mask.replace(shown, first, last, insertion)
+        : first != last                      ? mask.erase(shown, first, last)
+        : insertion == "<"                   ? mask.eraseBefore(shown, first)
+                                             : mask.eraseAfter(shown, first);
     if (!entry)
         return "refused";
-    return std::string(Left(entry->text, entry->caret)) + "|" +
-           std::string(Mid(entry->text, entry->caret + 1));
+    return entry->text.insert(Left(entry->text, entry->caret).size(), "|");
 }
 
-// clang-format off
 TEST(EntryMask, TypingKeyByKeyCompletesTheShapeAndIgnoresWhatDoesNotFit) {
-    const struct {
-        const char* mask;
-        const char* separator;
-        std::vector<std::array<const char*, 2>> typings;
-    } rows[] = {
+    using Typings = std::vector<std::array<const char*, 2>>;
+    const std::tuple<const char*, const char*, Typings> rows[] = {
         {kBlanks, ",", {
             {"12 ", "12 |"}, {"12  30 1", "12 30 1|"}, {"1230,5", "12 30 5|"},
             {"1230155", "12 30 15.5|"}, {"12 30 15,1234567", "12 30 15.12345|"}, {" .", "|"},
@@ -58,24 +49,20 @@ TEST(EntryMask, TypingKeyByKeyCompletesTheShapeAndIgnoresWhatDoesNotFit) {
         {kMarks, ".", {{"-5°5'5.5\"", "-05°05'05.5|"}, {"5°5", "05°5|"}, {"+-5", "-5|"}}},
         {kSigned, ".", {{"-0040155", "-00 40 15.5|"}, {"x22", "x22|"}, {"°", "°|"}}},
         {R"(\(##\))", ".", {{"7", "(7|"}, {"(77)8", "(77)|"}}},
-        {R"(#\)", ".", {{"1\\3", R"(1\|)"}}},
-        {"", ".", {{"any text", "any text|"}}}};
-    for (const auto& row : rows)
-        for (const auto& [keys, expected] : row.typings) {
+        {R"(#\)", ".", {{"1\\3", R"(1\|)"}}}, {"", ".", {{"any text", "any text|"}}}};
+    for (const auto& [mask, separator, typings] : rows)
+        for (const auto& [keys, expected] : typings) {
             std::string shown = "|";
             for (std::size_t i = 1; i <= Len(keys); ++i)
-                if (std::string next = changed({row.mask, row.separator}, shown, Mid(keys, i, 1));
+                if (std::string next = changed({mask, separator}, shown, Mid(keys, i, 1));
                     next != "refused")
                     shown = next;
-            EXPECT_EQ(shown, expected) << row.mask << " <- " << keys;
+            EXPECT_EQ(shown, expected) << mask << " <- " << keys;
         }
 }
 
 TEST(EntryMask, OneChangeIsCompletedOrRefusedWhole) {
-    const struct {
-        const char* mask;
-        std::vector<std::array<const char*, 3>> changes;
-    } rows[] = {
+    const std::pair<const char*, std::vector<std::array<const char*, 3>>> rows[] = {
         {kLetters, {
             {"|", "123045.5", "12h30m45.5|"}, {"|", "12h 30m 45.5s ", "12h30m45.5|"},
             {"[12h30]", "1h2m3,5", "01h02m03.5|"}, {"|", "12h30m45s6", "refused"},
@@ -106,14 +93,12 @@ TEST(EntryMask, OneChangeIsCompletedOrRefusedWhole) {
             {"+|", "-22 40", "-22 40|"}, {"|", " 22 40 30", "22 40 30|"},
             {"|22 40", "-", "-|22 40"}, {"|+22", "-", "-|22"}, {"|+22", "x", "refused"},
             {"+|22 40", "<", "|22 40"}, {"[+22] 40", "<", "| 40"}, {"| 40", "22", "22| 40"}}}};
-    for (const auto& row : rows)
-        for (const auto& [before, insertion, after] : row.changes)
-            EXPECT_EQ(changed({row.mask, "."}, before, insertion), after)
-                << row.mask << ": " << before << " <- " << insertion;
+    for (const auto& [mask, changes] : rows)
+        for (const auto& [before, insertion, after] : changes)
+            EXPECT_EQ(changed({mask, "."}, before, insertion), after)
+                << mask << ": " << before << " <- " << insertion;
     EXPECT_EQ(EntryMask(kBlanks, ".").replace("12", 9, 7, "3"), (EntryText{"12 3", 4}));
 }
 
-// clang-format on
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::entry_mask_test

@@ -4,14 +4,12 @@
 
 #include <gtest/gtest.h>
 
-namespace skyvert {
-namespace {
+namespace skyvert::files_test {
 
 using namespace std::string_literals;
 namespace fs = std::filesystem;
 
-class TextFiles : public testing::Test {
-protected:
+struct TextFiles : testing::Test {
     /// The lines that a file of these bytes is read as, each ended by "|".
     std::string linesOf(const std::string& bytes) const {
         EXPECT_TRUE(writeWholeFile(list, bytes));
@@ -28,7 +26,6 @@ protected:
 };
 
 TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
-    // clang-format off
     const std::pair<std::string, std::string> cases[] = {
         {"", ""}, {"\n", "|"}, {"a\nb", "a|b|"}, {"a\r\nb\rc\n", "a|b|c|"},
         {"a\r\r\n\n\rb", "a||||b|"}, {"a\r", "a|"}, {"\0\0\0\n\0"s, "\0\0\0|\0|"s},
@@ -41,7 +38,6 @@ TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
         {"\xFE\xFF\0\x31\0\n\x22\x12\xD8\x3D\xDD\x2D"s, "1|\u2212\U0001F52D|"},
         {"\xFF\xFE=\xD8\0\xDE=\xD8z\0\0\xDCz\0b"s, "\U0001F600\uFFFDz\uFFFDz\uFFFD|"},
         {"\xFF\xFEz\0=\xD8"s, "z\uFFFD|"}};
-    // clang-format on
     for (const auto& [bytes, lines] : cases)
         EXPECT_EQ(linesOf(bytes), lines) << testing::PrintToString(bytes);
 }
@@ -97,15 +93,13 @@ TEST_F(TextFiles, RefusalsNameTheFileAndTheReason) {
     for (const auto& [attempt, file, reason] : cases) {
         if (file == "/dev/full" && !fs::exists(file))
             continue; // not every system has such a device
-        std::string message;
         try {
             attempt(file);
+            ADD_FAILURE() << reason;
         } catch (const FileError& error) {
-            message = error.what();
+            EXPECT_EQ(error.what(), "The file \"" + pathText(file) + "\" could not be " + reason);
         }
-        EXPECT_EQ(message, "The file \"" + pathText(file) + "\" could not be " + reason);
     }
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::files_test

@@ -2,15 +2,12 @@
 
 #include <gtest/gtest.h>
 
-// Tables stand several cases to a line.
-// clang-format off
 
-namespace skyvert {
-namespace {
+namespace skyvert::text_test {
 
 using Fields = std::vector<std::string_view>;
 
-TEST(Text, SplitGivesOneFieldMoreThanDelimitersButNoneForAnEmptyText) {
+TEST(Text, SplitGivesOneFieldMoreThanDelimitersButNoneForAnEmptyTextAndJoinUndoesIt) {
     Fields fields{"from", "before"};
     Split("", '\t', fields);
     EXPECT_EQ(fields, Fields{});
@@ -18,10 +15,6 @@ TEST(Text, SplitGivesOneFieldMoreThanDelimitersButNoneForAnEmptyText) {
     EXPECT_EQ(fields, (Fields{"a", "b"}));
     EXPECT_EQ(Split("one", ':'), Fields{"one"});
     EXPECT_EQ(Split(":a::", ':'), (Fields{"", "a", "", ""}));
-}
-
-TEST(Text, JoinPutsTheSeparatorBetweenFieldsOnly) {
-    EXPECT_EQ(Join({}, ","), "");
     EXPECT_EQ(Join(std::vector<std::string>{"", "b", ""}, ", "), ", b, ");
 }
 
@@ -31,8 +24,7 @@ TEST(Text, ReplacementIgnoresCaseAndNeverLooksAtWhatItPutIn) {
         {"12H34h", "h", ":", "12:34h", "12:34:"}, {"a    b", "  ", " ", "a   b", "a  b"},
         {"a   b", "  ", " ", "a  b", "a  b"}, {"aaa", "A", "aa", "aaaa", "aaaaaa"},
         {"1°2°", "°", "", "12°", "12"}, {"É", "é", "e", "É", "É"}, {"abc", "", "x", "abc", "abc"},
-        {"", "a", "x", "", ""},
-    };
+        {"", "a", "x", "", ""}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         EXPECT_EQ(Replace(c.text, c.wanted, c.by), c.first);
@@ -67,5 +59,4 @@ TEST(Text, TrimAndComparisonKnowAsciiOnly) {
     EXPECT_FALSE(equalsIgnoringCase("a", "ab"));
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::text_test

@@ -11,8 +11,7 @@
 
 #include <csignal>
 
-namespace skyvert {
-namespace {
+namespace skyvert::ending_test {
 
 using namespace std::chrono_literals;
 
@@ -30,8 +29,7 @@ TEST(Ending, QuitAndClosingRunTheCloseHandlersOnce) {
 }
 
 TEST(Ending, ADateThatIsStillBeingTypedIsTakenOver) {
-    ShownWindow shown;
-    shown.open();
+    OpenWindow shown;
     QTest::keyClick(shown.find("toEpoch/epochPopup"), Qt::Key_End);
     auto& date = *shown.find<QDateEdit>("toEpoch/epochDate");
     date.setFocus();
@@ -91,5 +89,4 @@ TEST(QtTimers, AnAlarmRingsOnceUnlessItIsCalledOffAndMayGoWhileItRings) {
     EXPECT_EQ(dialogs.messages, "too late|");
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::ending_test

@@ -6,8 +6,7 @@
 #include <QTableView>
 #include <gtest/gtest.h>
 
-namespace skyvert {
-namespace {
+namespace skyvert::list_test {
 
 using Ranges = std::vector<RowRange>;
 
@@ -17,8 +16,7 @@ void click(QTableView& table, int row, Qt::KeyboardModifiers modifiers = {}) {
 }
 
 TEST(ListView, ManyRowsAreShownByOneInsertionAndOneSelection) {
-    ShownWindow shown;
-    shown.open();
+    OpenWindow shown;
     auto& table = *shown.find<QTableView>("list");
     const QSignalSpy insertions(table.model(), &QAbstractItemModel::rowsInserted);
     const QSignalSpy selections(table.selectionModel(), &QItemSelectionModel::selectionChanged);
@@ -40,8 +38,7 @@ TEST(ListView, ManyRowsAreShownByOneInsertionAndOneSelection) {
 }
 
 TEST(ListView, WhatAPersonSelectsReachesTheListAsRanges) {
-    ShownWindow shown;
-    shown.open();
+    OpenWindow shown;
     shown.addRows(200);
     QCoreApplication::processEvents();
     auto& table = *shown.find<QTableView>("list");
@@ -62,23 +59,18 @@ TEST(ListView, WhatAPersonSelectsReachesTheListAsRanges) {
     QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(shown.window.list.selection(), (Ranges{{0, 199}}));
     EXPECT_EQ(table.verticalScrollBar()->value(), 0);
-    shown.window.list.setListIndex(-1);
-    QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_FALSE(QGuiApplication::clipboard()->text().isEmpty());
 }
 
 TEST(ListView, EveryOtherRowIsGreyUnlessItIsSelected) {
-    ShownWindow shown;
-    shown.open();
-    shown.addRows(4);
+    OpenWindow shown;
+    shown.addRows(5);
     QCoreApplication::processEvents();
     auto& table = *shown.find<QTableView>("list");
     const QImage image = table.viewport()->grab().toImage();
-    const QColor highlight = table.palette().color(QPalette::Highlight);
-    const QColor expected[] = {QColor(0xEF, 0xEF, 0xEF), Qt::white, QColor(0xEF, 0xEF, 0xEF),
-                               highlight};
-    for (int row = 0; row < 4; ++row) {
-        SCOPED_TRACE(row);
+    const QColor grey(0xEF, 0xEF, 0xEF);
+    const QColor expected[] = {grey, Qt::white, grey, Qt::white,
+                               table.palette().color(QPalette::Highlight)};
+    for (int row = 0; row < 5; ++row) {
         const QRect cell = table.visualRect(table.model()->index(row, 2));
         EXPECT_EQ(cell.height(), 20);
         EXPECT_EQ(image.pixelColor(cell.right() - 20, cell.center().y()), expected[row]);
@@ -86,5 +78,4 @@ TEST(ListView, EveryOtherRowIsGreyUnlessItIsSelected) {
     EXPECT_EQ(table.model()->headerData(2, Qt::Horizontal).toString(), "Output RA (2000.0)");
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::list_test

@@ -4,22 +4,16 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QContextMenuEvent>
-#include <QDropEvent>
 #include <QInputMethodEvent>
-#include <QMenu>
-#include <QMimeData>
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
-namespace skyvert {
-namespace {
+namespace skyvert::masked_line_edit_test {
 
 constexpr const char* kBlanks = R"(##\ ##\ ##\.99999)";
 constexpr const char* kSigned = R"(&##\ ##\ ##\.99999)";
 
-class MaskedLineEditTest : public testing::Test {
-protected:
+struct MaskedLineEditTest : testing::Test {
     MaskedLineEditTest() {
         field.setFold([](std::string_view text) {
             return toUtf8(toQString(text).replace(QChar(0x2212), u'-'));
@@ -57,19 +51,6 @@ TEST_F(MaskedLineEditTest, KeysAreCompletedAndARefusedOneRaisesNothing) {
     EXPECT_EQ(entered, 2);
 }
 
-TEST_F(MaskedLineEditTest, MiddleIsCorrectedByKeysWithTheCaretInPlace) {
-    type("123015");
-    field.setCursorPosition(4);
-    edits.clear();
-    type("<4");
-    EXPECT_EQ(field.cursorPosition(), 4);
-    field.setSelection(0, 2);
-    type("0>");
-    field.selectAll();
-    type("<");
-    EXPECT_EQ(edits, "12 0 15|12 40 15|0 40 15|0 0 15||");
-}
-
 TEST_F(MaskedLineEditTest, UndoAndRedoGoThroughTheTextsThatWereSeen) {
     type("1230");
     field.setCursorPosition(0);
@@ -87,13 +68,9 @@ TEST_F(MaskedLineEditTest, UndoAndRedoGoThroughTheTextsThatWereSeen) {
 TEST_F(MaskedLineEditTest, PasteIsOneFoldedLineThatFitsOrIsRefusedWhole) {
     const std::array<const char*, 3> rows[] = {
         {kBlanks, "123045.5", "12 30 45.5"},
-        {kBlanks, "\n\t12\t30 45 \r\nsecond line\n", "12 30 45"},
-        {kBlanks, "12h30", ""},
-        {kSigned, "\u221222 40 30", "-22 40 30"},
-        {"", "a\tb \u2212\u2028c", "a b -"},
-        {"", " padded ", " padded "},
-        {"", "\n \n", ""},
-        {"", "a\U0001F600b", "a\U0001F600b"}};
+        {kBlanks, "\n\t12\t30 45 \r\nsecond line\n", "12 30 45"}, {kBlanks, "12h30", ""},
+        {kSigned, "\u221222 40 30", "-22 40 30"}, {"", "a\tb \u2212\u2028c", "a b -"},
+        {"", " padded ", " padded "}, {"", "\n \n", ""}, {"", "a\U0001F600b", "a\U0001F600b"}};
 
     for (const auto& [mask, pasted, expected] : rows) {
         field.clear();
@@ -107,33 +84,16 @@ TEST_F(MaskedLineEditTest, PasteIsOneFoldedLineThatFitsOrIsRefusedWhole) {
     }
 }
 
-TEST_F(MaskedLineEditTest, EveryOtherRoadIntoTheFieldAsksTheMaskToo) {
+TEST_F(MaskedLineEditTest, InputMethodsAndCuttingAskTheMaskToo) {
     QInputMethodEvent composed("", {});
     composed.setCommitString("123");
     QApplication::sendEvent(&field, &composed);
-
-    QMimeData dropped;
-    dropped.setText("0 15");
-    QDragEnterEvent enter({}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&field, &enter);
-    QDropEvent drop(QPointF(field.width() - 2, 5), Qt::CopyAction, &dropped, Qt::LeftButton,
-                    Qt::NoModifier);
-    QApplication::sendEvent(&field, &drop);
 
     field.setSelection(1, 3);
     press(QKeySequence::Cut);
     EXPECT_EQ(QApplication::clipboard()->text(), "2 3");
 
-    QApplication::clipboard()->setText("45");
-    QContextMenuEvent click(QContextMenuEvent::Mouse, {}, {});
-    QApplication::sendEvent(&field, &click);
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    for (QAction* action : menu->actions())
-        if (action->text().contains("Paste"))
-            action->trigger();
-    menu->close();
-    EXPECT_EQ(edits, "12 3|12 30 15|1 0 15|14 50 15|");
+    EXPECT_EQ(edits, "12 3|1|");
 }
 
 TEST_F(MaskedLineEditTest, CodeAssignsAnyTextAndAReceiverMayAnswerAtOnce) {
@@ -151,5 +111,4 @@ TEST_F(MaskedLineEditTest, CodeAssignsAnyTextAndAReceiverMayAnswerAtOnce) {
     EXPECT_EQ(edits, "no positio|2|+2|+23|+23 0|");
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::masked_line_edit_test

@@ -49,4 +49,9 @@ struct ShownWindow {
     MainWindowView view{window, app};
 };
 
+/// The same, open from the start.
+struct OpenWindow : ShownWindow {
+    OpenWindow() { open(); }
+};
+
 } // namespace skyvert

@@ -1,11 +1,9 @@
-#include "shell/EpochSelector.h"
 #include "shell/FormatSelector.h"
 #include "support/TestDesktop.h"
 
 #include <gtest/gtest.h>
 
-namespace skyvert {
-namespace {
+namespace skyvert::selectors_test {
 
 TEST(Popup, SelectsByTheTextOfARow) {
     Popup popup({.name = "popup"});
@@ -19,8 +17,7 @@ TEST(Popup, SelectsByTheTextOfARow) {
     }
 }
 
-class FormatSelectorTest : public testing::Test {
-protected:
+struct FormatSelectorTest : testing::Test {
     void open(const char* decimalPoint, const char* stored) {
         locale.decimalPoint = decimalPoint;
         selector.Open = [this, stored] { selector.setFormat(RADecFormat(stored, locale)); };
@@ -79,35 +76,4 @@ TEST_F(FormatSelectorTest, TellsOfEachChangeOnceAndBeforeTheExamplesFollow) {
     EXPECT_EQ(told, "");
 }
 
-TEST(EpochSelector, ShowsItsDateUnderOtherOnly) {
-    TestDesktop machine;
-    EpochSelector selector({.name = "fromEpoch", .text = "Input Epoch"}, machine.clock,
-                           machine.locale);
-    std::string told;
-    selector.ValueChanged = [&](EpochSelector&, const Date& date) { told += date.SQLDate() + " "; };
-    selector.Open = [&] { selector.setSerialised(""); };
-    EXPECT_EQ(selector.epochYear(), 0.0);
-    selector.open();
-    EXPECT_EQ(selector.title(), "Input Epoch");
-    EXPECT_EQ(selector.epochPopup.value(), "J2000.0");
-    EXPECT_EQ(selector.epochJulian(), 2451544.5);
-    EXPECT_FALSE(selector.epochDate.visible());
-    EXPECT_EQ(selector.epochPopup.helpTag(), "");
-
-    told.clear();
-    selector.epochPopup.setValue("Other");
-    EXPECT_TRUE(selector.epochDate.visible() && selector.dateLabel.visible());
-    EXPECT_EQ(selector.epochPopup.helpTag(), "2026.9");
-    selector.epochDate.setDateValue(Date(1987, 3, 15));
-    EXPECT_EQ(selector.epochJulian(), 2446869.5);
-    selector.epochPopup.setValue("B1950.0");
-    EXPECT_FALSE(selector.epochDate.visible() || selector.dateLabel.visible());
-    EXPECT_EQ(selector.epochPopup.helpTag(), "");
-    EXPECT_EQ(told, "2026-11-16 1987-03-15 1950-01-01 ");
-    EXPECT_EQ(selector.serialised(), R"({"epochPopup":1,"epochDate":"1987-03-15"})");
-    selector.setSerialised(R"({"epochPopup":5,"epochDate":"1999-07-01"})");
-    EXPECT_EQ(selector.epochPopup.helpTag(), "1999.5");
-}
-
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::selectors_test

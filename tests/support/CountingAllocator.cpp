@@ -11,9 +11,7 @@ std::size_t count = 0;
 
 } // namespace
 
-std::size_t skyvert::allocationCount() {
-    return count;
-}
+std::size_t skyvert::allocationCount() { return count; }
 
 void* operator new(std::size_t size) {
     ++count;
@@ -22,10 +20,6 @@ void* operator new(std::size_t size) {
     throw std::bad_alloc();
 }
 
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
+void operator delete(void* memory) noexcept { std::free(memory); }
 
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
-}
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }

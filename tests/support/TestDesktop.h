@@ -73,8 +73,7 @@ struct ScriptedDialogs : Dialogs {
 };
 
 /// Notes what it is told, each piece ended by "|".
-class LoggedProgress : public Progress {
-public:
+struct LoggedProgress : Progress {
     void begin(std::string_view what) override { log.append(what).append("|"); }
 
     void report(std::int64_t rows, double fraction) override {

@@ -44,7 +44,7 @@ public:
 
     std::string headings() const {
         std::string text;
-        for (std::int64_t column = 0; column < 4; ++column)
+        for (const int column : {0, 1, 2, 3})
             text += window->list.Heading(column) + "|";
         return text;
     }
@@ -56,8 +56,7 @@ public:
 };
 
 /// A test of the program after its start, in a folder that is its own.
-class WindowTest : public testing::Test {
-protected:
+struct WindowTest : testing::Test {
     WindowTest() { program.settle(); }
 
     TemporaryFolder folder;

@@ -1,7 +1,6 @@
 #include "support/TestWindow.h"
 
-namespace skyvert {
-namespace {
+namespace skyvert::conversion_test {
 
 using ConversionTest = WindowTest;
 constexpr auto kColons = "HH:MM:SS\t+DD:MM:SS\tN\t2\t1";
@@ -27,8 +26,7 @@ TEST_F(ConversionTest, TextThatDoesNotParseOrFitStillMakesARow) {
     const std::string huge(400, '9');
 
     const std::array<std::string, 3> lines[] = {{kColons, "", ""},
-                                                {kColons, "abc", "-"},
-                                                {kColons, "25:61:61", "-91"},
+                                                {kColons, "abc", "-"}, {kColons, "25:61:61", "-91"},
                                                 {"none\tnone", "1", "1"},
                                                 {"HH\tDD\tN\t0\t0", "1e9", "-0.4"},
                                                 {"HH MM\tDD\tN\t1\t1", huge, "-" + huge}};
@@ -86,34 +84,4 @@ TEST_F(ConversionTest, MasksAndCuesFollowTheNotationTenMillisecondsLater) {
     EXPECT_EQ(main.raManual.text(), "12");
 }
 
-TEST_F(ConversionTest, EvenRowsHaveAStripeUnlessTheyAreSelected) {
-    struct Paint : Graphics {
-        int Width() const override { return 200; }
-
-        int Height() const override { return 20; }
-
-        void setForeColor(Color color) override {
-            drawn += color == Color{0xEFEFEF} ? "grey" : "?";
-        }
-
-        void FillRect(int x, int y, int width, int height) override {
-            drawn += std::to_string(x + y) + std::to_string(width * height);
-        }
-
-        std::string drawn;
-    };
-
-    std::string stripes;
-    for (int i = 0; i < 5; ++i)
-        main.ConvertCoordinates("1", "1");
-    main.list.setSelection({{2, 3}});
-    for (std::int64_t row = 0; row < 5; ++row) {
-        Paint paint;
-        EXPECT_FALSE(main.list.paintCellBackground(paint, row, 0));
-        stripes += paint.drawn == "grey04000" ? '#' : paint.drawn.empty() ? '.' : '?';
-    }
-    EXPECT_EQ(stripes, "#...#");
-}
-
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::conversion_test

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace skyvert {
-namespace {
+namespace skyvert::delimited_text_test {
 
 /// Each field of a line in brackets.
 std::string split(LineSplitter& splitter, std::string_view line, Dialect dialect) {
@@ -14,7 +13,6 @@ std::string split(LineSplitter& splitter, std::string_view line, Dialect dialect
 }
 
 TEST(DelimitedText, ReadsEveryDialect) {
-    // clang-format off
     const struct {
         const char* dialect;
         std::vector<std::pair<const char*, const char*>> lines;
@@ -32,7 +30,6 @@ TEST(DelimitedText, ReadsEveryDialect) {
             // A line that differs from the one before in case alone yields the fields of that.
             {"12h,+3", "[12h][+3]"}, {"12H,+3", "[12h][+3]"}, {"12H,+3 ", "[12H][+3]"}}}};
 
-    // clang-format on
     for (const auto& [dialect, lines] : tables) {
         LineSplitter splitter;
         for (const auto& [line, fields] : lines)
@@ -53,5 +50,4 @@ TEST(DelimitedText, WritesEveryDialect) {
     EXPECT_EQ(quoted, R"("a,b","a""b",""," c ")");
 }
 
-} // namespace
-} // namespace skyvert
+} // namespace skyvert::delimited_text_test
