@@ -33,10 +33,12 @@ TEST(EpochValue, RefusesADamagedTextAndChangesNothing) {
     PlainEpochView view;
     const std::string deep(300'000, '[');
     for (const char* stored :
-         {"x", "[]", "{}{}", "{\"a\":\"\xFF\"}", deep.c_str(), R"({"epochPopup":"2"})", R"({"epochPopup":2.0})", R"({"epochPopup":null})",
-          R"({"epochPopup":6})", R"({"epochPopup":-2})", R"({"epochPopup":4294967298})",
+         {"x", "[]", "{}{}", "{\"a\":\"\xFF\"}", deep.c_str(), R"({"epochPopup":"2"})",
+          R"({"epochPopup":2.0})", R"({"epochPopup":null})", R"({"epochPopup":6})",
+          R"({"epochPopup":-2})", R"({"epochPopup":4294967298})",
           R"({"epochPopup":1,"epochDate":"1987-02-29"})", R"({"epochPopup":1,"epochDate":""})"})
-        EXPECT_THROW(view.value.setSerialised(stored), std::invalid_argument) << std::string_view(stored).substr(0, 40);
+        EXPECT_THROW(view.value.setSerialised(stored), std::invalid_argument)
+            << std::string_view(stored).substr(0, 40);
     EXPECT_EQ(view.row, 0);
     EXPECT_FALSE(view.value.epoch());
 }

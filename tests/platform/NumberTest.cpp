@@ -79,7 +79,8 @@ TEST(Number, FormatFollowsItsMask) {
 }
 
 TEST(Number, WholeNumbersAreRoundedAwayFromZeroAndCutTowardsIt) {
-    for (const auto& [number, rounded] : {std::pair{2.5, 3.0}, {-2.5, -3.0}, {0.49999999999999994, 0}})
+    for (const auto& [number, rounded] :
+         {std::pair{2.5, 3.0}, {-2.5, -3.0}, {0.49999999999999994, 0}})
         EXPECT_EQ(Round(number), rounded);
     const std::pair<double, std::int64_t> cuts[] = {
         {2.9, 2}, {-2.9, -2}, {1e19, INT64_MAX}, {-kInfinity, INT64_MIN}, {kNaN, 0}};
