@@ -1,5 +1,6 @@
 #include "platform/RowStore.h"
 
+#include <limits>
 #include <stdexcept>
 #include <utility>
 
@@ -20,10 +21,15 @@ RowStore::Block& RowStore::blockWithRoom() {
 
 void RowStore::append(std::span<const std::string_view> cells) {
     Block& block = blockWithRoom();
+    std::size_t length = block.text.size();
+    for (const std::string_view cell : cells)
+        length += cell.size();
+    if (length > std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("the cells of the list are too long");
     for (std::size_t column = 0; column < columns_; ++column) {
         if (column < cells.size())
             block.text += cells[column];
-        block.ends.push_back(block.text.size());
+        block.ends.push_back(static_cast<std::uint32_t>(block.text.size()));
     }
     ++size_;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,7 +21,8 @@ public:
 
     std::size_t size() const { return size_; }
 
-    /// Appends a row; cells that are missing are empty, cells too many are dropped.
+    /// Appends a row; cells that are missing are empty, cells too many are dropped. Throws
+    /// `std::length_error` where 1024 rows would hold more than four gigabytes.
     void append(std::span<const std::string_view> cells);
 
     /// A cell's text, valid until rows are next added or removed. Throws `std::out_of_range`.
@@ -33,7 +35,7 @@ private:
 
     struct Block {
         std::string text;
-        std::vector<std::size_t> ends; ///< where each cell ends in `text`
+        std::vector<std::uint32_t> ends; ///< where each cell ends in `text`
     };
 
     Block& blockWithRoom();

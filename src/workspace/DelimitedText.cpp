@@ -105,6 +105,16 @@ std::string_view CommaSeparatedText::scanPlain(std::string_view rest) {
     return comma == std::string_view::npos ? std::string_view() : Trim(rest.substr(comma + 1));
 }
 
+/// The line with every two blanks replaced by one. One pass only: three blanks leave two, and
+/// between them an empty field.
+std::string_view LineSplitter::withBlanksHalved(std::string_view line) {
+    constexpr std::string_view kTwoBlanks = "  ";
+    if (line.find(kTwoBlanks) == std::string_view::npos)
+        return line;
+    ReplaceAll(line, kTwoBlanks, " ", halved_);
+    return halved_;
+}
+
 std::span<const std::string_view> LineSplitter::split(std::string_view line, Dialect dialect) {
     fields_.clear();
     switch (dialect) {
@@ -112,9 +122,7 @@ std::span<const std::string_view> LineSplitter::split(std::string_view line, Dia
         Split(line, kTab, fields_);
         break;
     case Dialect::Space:
-        // One pass only: three blanks leave two, and between them an empty field.
-        ReplaceAll(line, "  ", " ", halved_);
-        Split(halved_, kSpace, fields_);
+        Split(withBlanksHalved(line), kSpace, fields_);
         break;
     case Dialect::Comma:
         for (const std::string& field : comma_.SplitCommaSeparated(line))

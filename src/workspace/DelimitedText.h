@@ -42,10 +42,13 @@ private:
 /// grown to the longest one.
 class LineSplitter {
 public:
-    /// The fields of a line, valid until the next call; none for `Dialect::None`.
+    /// The fields of a line, valid until the next call and as long as the line is; none for
+    /// `Dialect::None`.
     std::span<const std::string_view> split(std::string_view line, Dialect dialect);
 
 private:
+    std::string_view withBlanksHalved(std::string_view line);
+
     std::vector<std::string_view> fields_;
     std::string halved_;
     CommaSeparatedText comma_;
