@@ -65,6 +65,7 @@ PushButtonView::PushButtonView(PushButton& control, const Desktop& desktop, QWid
 
 void PushButtonView::mirror() {
     setText(toQString(control().caption()));
+    setDefault(control().isDefault());
 }
 
 QSize PushButtonView::sizeHint() const {

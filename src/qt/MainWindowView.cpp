@@ -43,7 +43,6 @@ void MainWindowView::pressDefaultButtonOnReturn() {
         auto* const view = pane_->findChild<MaskedLineEdit*>(toQString(field->name()));
         connect(view, &MaskedLineEdit::entered, this, press);
     }
-    pane_->findChild<QPushButton*>(toQString(window_.ManualEnterBtn.name()))->setDefault(true);
 }
 
 void MainWindowView::limitSize() {
