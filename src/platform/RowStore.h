@@ -17,8 +17,6 @@ public:
     /// `columns` is the number of cells in every row.
     explicit RowStore(std::size_t columns) : columns_(columns) {}
 
-    std::size_t columns() const { return columns_; }
-
     std::size_t size() const { return size_; }
 
     /// Appends a row; cells that are missing are empty, cells too many are dropped. Throws

@@ -177,7 +177,8 @@ void finishTree(XmlNode top, bool plain) {
     }
 }
 
-bool isBlank(std::string_view text) {
+/// Whether a text is white space as XML has it, which is less than that of other texts.
+bool isXmlSpace(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
@@ -192,7 +193,7 @@ void checkTopLevel(XmlNode top) {
         const bool lateDeclaration =
             node.type() == pugi::node_declaration && node != top.first_child();
         const bool stray = node.type() == pugi::node_cdata ||
-                           (node.type() == pugi::node_pcdata && !isBlank(node.value()));
+                           (node.type() == pugi::node_pcdata && !isXmlSpace(node.value()));
         if (lateDeclaration || stray || types > 1)
             malformed("something outside of the root element");
     }

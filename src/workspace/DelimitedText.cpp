@@ -36,12 +36,19 @@ void appendCommaField(std::string_view field, bool quoteAll, std::string& line) 
         line += kQuote;
 }
 
-void appendJoined(std::span<const std::string_view> fields, char separator, std::string& line) {
+/// Appends fields with a separator between them, each by `appendField`.
+template <typename AppendField>
+void appendJoined(std::span<const std::string_view> fields, char separator, std::string& line,
+                  const AppendField& appendField) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0)
             line += separator;
-        line += fields[i];
+        appendField(fields[i]);
     }
+}
+
+void appendPlain(std::span<const std::string_view> fields, char separator, std::string& line) {
+    appendJoined(fields, separator, line, [&line](std::string_view field) { line += field; });
 }
 
 } // namespace
@@ -136,20 +143,18 @@ std::span<const std::string_view> LineSplitter::split(std::string_view line, Dia
 
 void JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll,
                         std::string& line) {
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (i > 0)
-            line += kComma;
-        appendCommaField(fields[i], quoteAll, line);
-    }
+    appendJoined(fields, kComma, line, [quoteAll, &line](std::string_view field) {
+        appendCommaField(field, quoteAll, line);
+    });
 }
 
 void appendRecord(std::span<const std::string_view> fields, Dialect dialect, std::string& line) {
     switch (dialect) {
     case Dialect::Tab:
-        appendJoined(fields, kTab, line);
+        appendPlain(fields, kTab, line);
         break;
     case Dialect::Space:
-        appendJoined(fields, kSpace, line);
+        appendPlain(fields, kSpace, line);
         break;
     case Dialect::Comma:
         JoinCommaSeparated(fields, false, line);

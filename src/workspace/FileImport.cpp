@@ -11,8 +11,8 @@ namespace skyvert {
 namespace {
 
 /// A line that holds no position: nothing but one blank field, or no field at all.
-bool isBlank(std::span<const std::string_view> fields) {
-    return fields.empty() || (fields.size() == 1 && Trim(fields[0]).empty());
+bool holdsNothing(std::span<const std::string_view> fields) {
+    return fields.empty() || (fields.size() == 1 && isBlank(fields[0]));
 }
 
 } // namespace
@@ -35,7 +35,7 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
 /// Adds the position in one line of a file; what stands behind the second field is ignored.
 void MainWindow::importLine(std::string_view line) {
     const auto fields = lines_.split(line, dialectNamed(fileFormat.value()));
-    if (isBlank(fields))
+    if (holdsNothing(fields))
         return;
     const std::string_view dec = fields.size() > 1 ? fields[1] : std::string_view();
     ConvertCoordinates(foldLookAlikes(fields[0], foldedRA_), foldLookAlikes(dec, foldedDec_));
