@@ -22,8 +22,8 @@ RowStore::Block& RowStore::blockWithRoom() {
 void RowStore::append(std::span<const std::string_view> cells) {
     Block& block = blockWithRoom();
     std::size_t length = block.text.size();
-    for (const std::string_view cell : cells)
-        length += cell.size();
+    for (const std::string_view text : cells)
+        length += text.size();
     if (length > std::numeric_limits<std::uint32_t>::max())
         throw std::length_error("the cells of the list are too long");
     for (std::size_t column = 0; column < columns_; ++column) {

@@ -71,6 +71,16 @@ bool sameNumber(Left left, Right right) {
         return sameNumber(right, left);
 }
 
+template <typename Left, typename Right>
+bool sameHeld(const Left& left, const Right& right) {
+    if constexpr (Number<Left> && Number<Right>)
+        return sameNumber(left, right);
+    else if constexpr (std::same_as<Left, Right>)
+        return left == right;
+    else
+        return false;
+}
+
 /// Reads numbers of fixed width, each behind its separator, until the text ends.
 /// Returns how many there are, or nothing when the text is not made so.
 std::optional<std::size_t> readFields(std::string_view text, std::span<int, 6> fields) {
@@ -157,16 +167,8 @@ std::size_t Variant::hash() const {
 }
 
 bool VariantCompare(const Variant& left, const Variant& right) {
-    return std::visit(
-        []<typename Left, typename Right>(const Left& a, const Right& b) {
-            if constexpr (Number<Left> && Number<Right>)
-                return sameNumber(a, b);
-            else if constexpr (std::same_as<Left, Right>)
-                return a == b;
-            else
-                return false;
-        },
-        left.held_, right.held_);
+    return std::visit([](const auto& a, const auto& b) { return sameHeld(a, b); }, left.held_,
+                      right.held_);
 }
 
 std::size_t variantHash(std::string_view text) {

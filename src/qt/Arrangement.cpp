@@ -274,8 +274,8 @@ bool LockedPane::fits() const {
 void LockedPane::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     for (const ShownControl& shown : controls_) {
-        const QRect place = lockedGeometry(shown.control->layout(), size() - designSize_);
-        shown.widget->setGeometry(grownTo(*shown.widget, place));
+        const QRect locked = lockedGeometry(shown.control->layout(), size() - designSize_);
+        shown.widget->setGeometry(grownTo(*shown.widget, locked));
     }
 }
 

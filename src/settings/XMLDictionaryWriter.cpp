@@ -105,9 +105,10 @@ void appendObject(XmlNode parent, const Variant& value, SeenStorages& seen, int 
 
 /// An element with the text of a value, in characters that a document can hold.
 XmlNode appendString(XmlNode parent, const char* name, const Variant& value) {
-    std::string storage;
-    if (const std::string* text = value.string())
+    if (const std::string* text = value.string()) {
+        std::string storage;
         return appendElement(parent, name, xmlCharacters(*text, storage));
+    }
     return appendElement(parent, name, value.stringValue());
 }
 

@@ -86,14 +86,14 @@ const RADecFormat& FormatSelector::format() const {
 }
 
 RADecFormat FormatSelector::readControls() const {
-    RADecFormat format(locale_);
-    format.setRaFormat(RAFormat.value());
-    format.setDecFormat(DecFormat.value());
+    RADecFormat shown(locale_);
+    shown.setRaFormat(RAFormat.value());
+    shown.setDecFormat(DecFormat.value());
     if (localised.enabled())
-        format.setLocalised(localised.value());
-    format.setRADecimals(truncated(Val(raDecimals.value())));
-    format.setDecDecimals(truncated(Val(decDecimals.value())));
-    return format;
+        shown.setLocalised(localised.value());
+    shown.setRADecimals(truncated(Val(raDecimals.value())));
+    shown.setDecDecimals(truncated(Val(decDecimals.value())));
+    return shown;
 }
 
 void FormatSelector::setFormat(const RADecFormat& format) {
