@@ -45,7 +45,7 @@ function(skyvert_test folder)
   cmake_parse_arguments(test "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${folder}_tests ${test_SOURCES})
   target_include_directories(${folder}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(${folder}_tests PRIVATE ${test_LIBRARIES} GTest::gtest_main GTest::gmock)
+  target_link_libraries(${folder}_tests PRIVATE ${test_LIBRARIES} GTest::gtest_main)
   target_compile_definitions(${folder}_tests PRIVATE
     SKYVERT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   # Asked for its tests when they are run and not when it is built: there they have their environment.

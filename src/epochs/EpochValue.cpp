@@ -22,8 +22,8 @@ struct Preset {
     Date date() const { return {year, 1, 1}; }
 };
 
-constexpr std::array<Preset, 4> kPresets{
-    {{"B1900.0", 1900}, {"B1950.0", 1950}, {"J2000.0", 2000}, {"J2050.0", 2050}}};
+constexpr Preset kPresets[] = {
+    {"B1900.0", 1900}, {"B1950.0", 1950}, {"J2000.0", 2000}, {"J2050.0", 2050}};
 constexpr std::string_view kNow = "JNow";
 constexpr std::string_view kOther = "Other";
 constexpr std::string_view kDefaultRow = "J2000.0";
@@ -35,9 +35,8 @@ constexpr const char* kDateMember = "epochDate";
 
 template <typename Matches>
 const Preset* findPreset(Matches matches) {
-    const Preset* end = kPresets.data() + kPresets.size();
-    const Preset* found = std::find_if(kPresets.data(), end, matches);
-    return found == end ? nullptr : found;
+    const Preset* found = std::find_if(std::begin(kPresets), std::end(kPresets), matches);
+    return found == std::end(kPresets) ? nullptr : found;
 }
 
 const Preset* presetOfDay(const Date& date) {
@@ -68,7 +67,7 @@ int storedRow(const JsonObject& stored) {
 
 std::vector<std::string> epochRows() {
     std::vector<std::string> rows;
-    rows.reserve(kPresets.size() + 2);
+    rows.reserve(std::size(kPresets) + 2);
     for (const Preset& preset : kPresets)
         rows.emplace_back(preset.name);
     rows.emplace_back(kNow);

@@ -3,7 +3,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 
 namespace skyvert {
@@ -13,7 +12,7 @@ namespace {
 // The masks with letters, marks or no separator have one optional digit more than the others, and
 // none of them ends in a closing mark: the parsers do without it.
 // clang-format off
-constexpr std::array<Notation, 18> kNotationsOfRA{{
+constexpr Notation kNotationsOfRA[] = {
     {"HH",           false, false, 1, 1, "",  "",  "",   Cutting::Whole,   ""},
     {"HH MM",        false, false, 2, 2, " ", "",  "",   Cutting::Blanks,  R"(##\ ##.99999)"},
     {"HH MM SS",     false, false, 3, 2, " ", " ", "",   Cutting::Blanks,  R"(##\ ##\ ##.99999)"},
@@ -32,9 +31,9 @@ constexpr std::array<Notation, 18> kNotationsOfRA{{
     {"DDD:MM:SS",    true,  false, 3, 3, ":", ":", "",   Cutting::Colons,  R"(###\:##\:##.99999)"},
     {"DDD°MM'",      true,  false, 2, 3, "°", "",  "'",  Cutting::Marks,   R"(###\°##.999999)"},
     {"DDD°MM'SS\"",  true,  false, 3, 3, "°", "'", "\"", Cutting::Marks,   R"(###\°##\'##.999999)"},
-}};
+};
 
-constexpr std::array<Notation, 10> kNotationsOfDec{{
+constexpr Notation kNotationsOfDec[] = {
     {"DD",           false, false, 1, 1, "",  "",  "",   Cutting::Whole,   ""},
     {"+DD",          false, true,  1, 1, "",  "",  "",   Cutting::Whole,   ""},
     {"+DD MM",       false, true,  2, 2, " ", "",  "",   Cutting::Blanks,  R"(&##\ ##.99999)"},
@@ -45,7 +44,7 @@ constexpr std::array<Notation, 10> kNotationsOfDec{{
     {"+DD:MM:SS",    false, true,  3, 2, ":", ":", "",   Cutting::Colons,  R"(&##\:##\:##.99999)"},
     {"+DD°MM'",      false, true,  2, 2, "°", "",  "'",  Cutting::Marks,   R"(&##\°##.999999)"},
     {"+DD°MM'SS\"",  false, true,  3, 2, "°", "'", "\"", Cutting::Marks,   R"(&##\°##\'##.999999)"},
-}};
+};
 // clang-format on
 
 } // namespace

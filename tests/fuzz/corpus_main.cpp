@@ -1,4 +1,5 @@
-// Runs a fuzz target once over each file of a folder, where there is no fuzzing library.
+// Runs a fuzz target over each file of a folder and over all that is one byte away from it, where
+// there is no fuzzing library.
 
 #include "platform/Files.h"
 
@@ -6,13 +7,33 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
+namespace {
+
+void run(const std::string& bytes) {
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+}
+
+void runAround(const std::string& bytes) {
+    run(bytes);
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        run(bytes.substr(0, at));
+        for (const char byte : {'\0', ' ', '7', '-', '.', ':', 'h', '<', '&', '/', '\x7F', '\xC2'}) {
+            std::string changed = bytes;
+            changed[at] = byte;
+            run(changed);
+            run(changed.insert(at + 1, 1, bytes[at]));
+        }
+    }
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     int files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(argc > 1 ? argv[1] : "."))
         if (const auto bytes = skyvert::readWholeFile(entry.path())) {
             std::puts(skyvert::pathText(entry.path()).c_str());
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes->data()),
-                                   bytes->size());
+            runAround(*bytes);
             ++files;
         }
     return files > 0 ? 0 : 1;

@@ -42,8 +42,8 @@ TEST_F(FormatSelectorTest, OpensWithItsStoredFormatAndOffersNoDecimalPointToChoo
     open(".", "HH:MM:SS\t+DD:MM:SS\tY\t2\t1");
     EXPECT_EQ(shown(), "HH:MM:SS\t+DD:MM:SS\tN\t2\t1 / 15:47:06.36 / +22:40:30.4");
     EXPECT_EQ(selector.title(), "Input Format");
-    EXPECT_EQ(selector.RAFormat.ListCount(), 18);
-    EXPECT_EQ(selector.DecFormat.ListCount(), 10);
+    EXPECT_EQ(selector.RAFormat.ListCount(), RADecFormat::SupportedRAFormats().size());
+    EXPECT_EQ(selector.DecFormat.ListCount(), RADecFormat::SupportedDecFormats().size());
     EXPECT_EQ(selector.raDecimals.List(8), "8");
     EXPECT_FALSE(selector.localised.enabled());
     EXPECT_EQ(selector.localised.state(), CheckBox::State::Mixed);

@@ -14,7 +14,9 @@ namespace skyvert {
 
 /// A clock that stands still.
 struct FixedClock : Clock {
-    Date now() const override { return {2026, 11, 16, 12, 30, 0}; }
+    Date now() const override { return moment; }
+
+    Date moment{2026, 11, 16, 12, 30, 0};
 };
 
 /// An event loop whose time passes only in `advance`.
