@@ -21,7 +21,8 @@ else()
       DESTINATION ${icons}/${size}x${size}/apps RENAME skyvert.png)
   endforeach()
 
-  # The documents keep their places to each other, so that the links between them hold.
+  # The documents keep their places to each other, so that the links between them hold. Those for
+  # developers, and the README that links to them, stay with the sources.
   set(documents ${CMAKE_INSTALL_DATADIR}/doc/skyvert)
   foreach(file IN ITEMS changelog skyvert.1)
     execute_process(COMMAND gzip --best --no-name --stdout ${packaging}/${file}
@@ -29,7 +30,7 @@ else()
   endforeach()
   install(FILES ${PROJECT_BINARY_DIR}/skyvert.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES ${packaging}/copyright ${PROJECT_BINARY_DIR}/changelog.gz
-    ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${documents})
+    DESTINATION ${documents})
   install(FILES ${PROJECT_SOURCE_DIR}/docs/guide.md DESTINATION ${documents}/docs)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/screenshots DESTINATION ${documents}/docs)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents})

@@ -1,9 +1,10 @@
 #include "platform/Date.h"
 
+#include "platform/Clock.h"
+
 #include <gtest/gtest.h>
 
-#include <cmath>
-
+#include <ctime>
 
 namespace skyvert::date_test {
 
@@ -36,5 +37,17 @@ TEST(Date, SQLDateTakesRealDaysOnlyAndKeepsTheClockTime) {
         date.setSQLDate(text);
     EXPECT_EQ(date, Date(2000, 2, 29, 11, 22, 33));
 }
+
+#ifndef _WIN32
+TEST(SystemClock, TellsTheTimeOfItsTimeZone) {
+    for (const auto& [zone, hours] : {std::pair{"UTC+12", -12}, {"UTC-14", 14}}) {
+        setenv("TZ", zone, 1);
+        tzset();
+        const auto universal = static_cast<double>(std::time(nullptr));
+        EXPECT_NEAR(SystemClock().now().TotalSeconds() - universal, hours * 3600.0, 60.0);
+    }
+    unsetenv("TZ");
+}
+#endif
 
 } // namespace skyvert::date_test

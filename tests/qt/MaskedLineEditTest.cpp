@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QMimeData>
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
@@ -84,16 +86,25 @@ TEST_F(MaskedLineEditTest, PasteIsOneFoldedLineThatFitsOrIsRefusedWhole) {
     }
 }
 
-TEST_F(MaskedLineEditTest, InputMethodsAndCuttingAskTheMaskToo) {
+TEST_F(MaskedLineEditTest, InputMethodsDroppingAndCuttingAskTheMaskToo) {
     QInputMethodEvent composed("", {});
     composed.setCommitString("123");
     QApplication::sendEvent(&field, &composed);
+    composed.setCommitString("4x", -1, 1);
+    QApplication::sendEvent(&field, &composed);
+    composed.setCommitString("45", -1, 1);
+    QApplication::sendEvent(&field, &composed);
+    QMimeData dragged;
+    dragged.setText("15\n");
+    QDragEnterEvent enter({500, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &enter);
+    QDropEvent drop({500, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &drop);
 
     field.setSelection(1, 3);
     press(QKeySequence::Cut);
-    EXPECT_EQ(QApplication::clipboard()->text(), "2 3");
-
-    EXPECT_EQ(edits, "12 3|1|");
+    EXPECT_EQ(QApplication::clipboard()->text(), "2 4");
+    EXPECT_EQ(edits, "12 3|12 45|12 45 15|1 5 15|");
 }
 
 TEST_F(MaskedLineEditTest, CodeAssignsAnyTextAndAReceiverMayAnswerAtOnce) {
