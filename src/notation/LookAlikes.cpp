@@ -2,8 +2,6 @@
 
 #include "platform/Unicode.h"
 
-#include <array>
-
 namespace skyvert {
 
 namespace {
@@ -13,8 +11,11 @@ struct LookAlike {
     std::string_view meant;
 };
 
-constexpr std::array<LookAlike, 15> kLookAlikes{{
+constexpr LookAlike kLookAlikes[] = {
     {"\u2212", "-"},  // minus sign
+    {"\u2010", "-"},  // hyphen
+    {"\u2011", "-"},  // no-break hyphen
+    {"\u2013", "-"},  // en dash
     {"\u00BA", "°"},  // masculine ordinal indicator
     {"\u02DA", "°"},  // ring above
     {"\u2032", "'"},  // prime
@@ -29,7 +30,7 @@ constexpr std::array<LookAlike, 15> kLookAlikes{{
     {"\u02B0", "h"},  // modifier letter small h
     {"\u1D50", "m"},  // modifier letter small m
     {"\u02E2", "s"},  // modifier letter small s
-}};
+};
 
 /// What stands for the character that `text` opens with: a look-alike's meaning, or else the first
 /// byte as it is.

@@ -106,7 +106,7 @@ TEST(Parsing, CommaPassesThroughEveryMethodOfALocalisedRecord) {
 
 TEST(LookAlikes, AreReadAsTheCharactersOfANotation) {
     const std::pair<std::string_view, std::string_view> cases[] = {
-        {"−22º40′30″", "-22°40'30\""}, {"22˚40’30”", "22°40'30\""}, {"22°40'", "22°40'"},
+        {"−22º40′30″", "-22°40'30\""}, {"–1‐2‑3", "-1-2-3"}, {"22˚40’30”", "22°40'30\""}, {"22°40'", "22°40'"},
         {"1\u00A02\u20073\u20094\u200A5\u202F6", "1 2 3 4 5 6"}, {"12ʰ34ᵐ56ˢ", "12h34m56s"},
         {"\xE2\x88 \xFFé\xC2", "\xE2\x88 \xFFé\xC2"}, {"", ""}};
     std::string storage;
