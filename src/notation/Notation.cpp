@@ -3,7 +3,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace skyvert {
 
@@ -58,14 +57,9 @@ std::span<const Notation> notationsOfDec() {
 }
 
 const Notation* findNotation(std::span<const Notation> notations, std::string_view name) {
-    const auto named = [&](auto equals) {
-        return std::find_if(notations.begin(), notations.end(),
-                            [&](const Notation& notation) { return equals(notation.name, name); });
-    };
-    // Most names are spelt as in the catalogue, and that comparison is the faster one.
-    auto found = named(std::equal_to<>());
-    if (found == notations.end())
-        found = named(equalsIgnoringCase);
+    const auto found = std::find_if(
+        notations.begin(), notations.end(),
+        [&](const Notation& notation) { return equalsIgnoringCase(notation.name, name); });
     return found == notations.end() ? nullptr : &*found;
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 
 namespace skyvert {
@@ -23,6 +24,8 @@ struct Mark {
     constexpr Mark() = default;
 
     constexpr Mark(const char* text) : size(std::string_view(text).size()) { // NOLINT(*-explicit-*)
+        if (size > bytes.size())
+            throw std::length_error("a mark of more than two bytes");
         std::string_view(text).copy(bytes.data(), bytes.size());
     }
 

@@ -71,7 +71,7 @@ inline char* writeShortField(char* to, double value, int decimals, std::string_v
 
 /// What stands between a number's whole part and its decimals. Where a point is wanted, it takes
 /// the place of the separator that the system had when the record first needed to know it.
-inline std::string_view RADecFormat::pointForOutput() const {
+std::string_view RADecFormat::pointForOutput() const {
     const std::string_view system = locale_->decimalPoint;
     if (localised_)
         return system;
@@ -80,8 +80,7 @@ inline std::string_view RADecFormat::pointForOutput() const {
     return equalBytes(decpt_, system) ? "." : system;
 }
 
-inline char* RADecFormat::writeDouble(char* to, double value, std::int64_t decimals,
-                                      int width) const {
+char* RADecFormat::writeDouble(char* to, double value, std::int64_t decimals, int width) const {
     if (decimals <= 0)
         return writeFixed(to, Round(value), 0, width, {});
     const std::string_view point = pointForOutput();

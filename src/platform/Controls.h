@@ -129,7 +129,7 @@ public:
 
     const std::string& caption() const { return caption_; }
 
-    /// Whether Return presses the button, from wherever the focus is in an entry field.
+    /// Whether Return presses the button from anywhere where it has no other use.
     bool isDefault() const { return default_; }
 
     void setDefault(bool isDefault) { assign(default_, isDefault); }

@@ -30,8 +30,6 @@ public:
         return findText(key);
     }
 
-    bool HasKey(const auto& key) const { return find(key) != nullptr; }
-
     /// Puts a value under a key, in place of an older one.
     void setValue(Variant key, Variant value);
 

@@ -232,17 +232,18 @@ TextOutputStream TextOutputStream::Create(const fs::path& file) {
     const fs::path target = linkTarget(file);
     std::error_code ignored;
     const fs::file_status status = fs::status(target, ignored);
-    if (fs::exists(status)) {
-        // A file that may not be written is not to be replaced either.
-        FileStream old = openStream(target, "r+b");
-        if (!old)
-            throw FileError(file, "written", errno);
-        if (!fs::is_regular_file(status))
-            return {target, target, std::move(old)};
-    }
+    const bool exists = fs::exists(status);
+    // A file that may not be written is not to be replaced either.
+    FileStream old = exists ? openStream(target, "r+b") : nullptr;
+    if (exists && !old)
+        throw FileError(file, "written", errno);
+    if (exists && !fs::is_regular_file(status))
+        return {target, target, std::move(old)};
     auto [written, stream] = createBeside(target);
-    if (!stream)
+    if (!stream && !exists)
         throw FileError(file, "created", errno);
+    if (!stream) // a folder that takes no new file
+        return {target, target, openStream(target, "wb")};
     copyPermissions(target, written);
     return {target, std::move(written), std::move(stream)};
 }

@@ -17,7 +17,7 @@ class Scheduler {
 public:
     virtual ~Scheduler() = default;
 
-    /// Calls `due` once, `delay` from now, from the event loop and never inside a handler.
+    /// Calls `due` once, `delay` from now, from the event loop, which an open dialog runs as well.
     /// The alarm may be destroyed inside the call.
     virtual std::unique_ptr<Alarm> after(std::chrono::milliseconds delay,
                                          std::function<void()> due) = 0;

@@ -58,6 +58,7 @@ void GroupBoxView::mirror() {
 
 PushButtonView::PushButtonView(PushButton& control, const Desktop& desktop, QWidget* parent)
     : WidgetView(control, desktop, parent) {
+    setAutoDefault(true); // Return presses the button that has the focus
     connect(this, &QPushButton::clicked, this,
             [this] { act([this] { this->control().press(); }); });
     control.setView(this);
@@ -151,6 +152,12 @@ QSize DateControlView::sizeHint() const {
 
 QSize DateControlView::minimumSizeHint() const {
     return {QDateEdit::minimumSizeHint().width(), heightFor(*this)};
+}
+
+void DateControlView::keyPressEvent(QKeyEvent* event) {
+    QDateEdit::keyPressEvent(event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        event->accept();
 }
 
 /// Return signals a change also where there is none, which would hand over a stand-in.

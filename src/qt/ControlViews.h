@@ -127,6 +127,8 @@ public:
 
 protected:
     void mirror() override;
+    /// Return takes over the date that was typed, and does no more.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void take(QDate day);

@@ -19,7 +19,6 @@ MainWindowView::MainWindowView(MainWindow& window, const App& app)
     new MenuBarView(app.menuBar(), *menuBar());
     setCentralWidget(pane_);
     addControls();
-    pressDefaultButtonOnReturn();
     limitSize();
     window_.setView(this);
 }
@@ -34,15 +33,21 @@ void MainWindowView::addControls() {
     pane_->place(std::move(controls));
 }
 
-/// A default button outside a dialog gets no Return from Qt: the fields hand it on.
-void MainWindowView::pressDefaultButtonOnReturn() {
-    const auto press = [this] {
-        dispatch(desktop_.dialogs, [this] { window_.ManualEnterBtn.press(); });
-    };
-    for (TextField* const field : {&window_.raManual, &window_.decManual}) {
-        auto* const view = pane_->findChild<MaskedLineEdit*>(toQString(field->name()));
-        connect(view, &MaskedLineEdit::entered, this, press);
+void MainWindowView::pressDefaultButton() {
+    for (Control* const control : window_.children()) {
+        auto* const button = dynamic_cast<PushButton*>(control);
+        if (button != nullptr && button->isDefault())
+            dispatch(desktop_.dialogs, [button] { button->press(); });
     }
+}
+
+/// Outside a dialog Qt does not do this.
+void MainWindowView::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) == 0)
+        pressDefaultButton();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void MainWindowView::limitSize() {

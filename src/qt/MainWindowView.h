@@ -25,13 +25,15 @@ public:
     void refresh() override;
 
 protected:
+    /// Return presses the default button, where no control had a use for it.
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void addControls();
-    void pressDefaultButtonOnReturn();
+    void pressDefaultButton();
     void limitSize();
     QPoint defaultPosition() const;
     void reportPlace();

@@ -2,16 +2,20 @@
 
 #include "qt/QtText.h"
 
+#include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace skyvert {
@@ -27,6 +31,11 @@ bool isTyping(const QKeyEvent& event) {
     const QChar first = event.text().front();
     return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format;
 }
+
+/// The keys that delete a word, with what selects it.
+constexpr std::pair<QKeySequence::StandardKey, void (QLineEdit::*)(bool)> kWordDeletions[] = {
+    {QKeySequence::DeleteStartOfWord, &QLineEdit::cursorWordBackward},
+    {QKeySequence::DeleteEndOfWord, &QLineEdit::cursorWordForward}};
 
 bool isLineEnd(QChar character) {
     return character == u'\n' || character == u'\r' || character == u'\v' || character == u'\f' ||
@@ -59,7 +68,7 @@ MaskedLineEdit::MaskedLineEdit(QWidget* parent) : QLineEdit(parent) {
         if (!isBecoming_)
             emit edited(text);
     });
-    connect(this, &QLineEdit::returnPressed, this, &MaskedLineEdit::entered);
+    setMaxLength(std::numeric_limits<int>::max());
 }
 
 void MaskedLineEdit::cut() {
@@ -89,8 +98,15 @@ bool MaskedLineEdit::editedBy(const QKeyEvent& event) {
     return true;
 }
 
-/// Deletes by Backspace and Delete. What other keys delete needs no mask.
+/// Deletes by Backspace and Delete, or by words. A deletion up to the end of the text fits any mask.
 bool MaskedLineEdit::erasedBy(const QKeyEvent& event) {
+    for (const auto& [key, select] : kWordDeletions) {
+        if (event.matches(key)) {
+            (this->*select)(true);
+            eraseSelection();
+            return true;
+        }
+    }
     const bool isBackward =
         event.key() == Qt::Key_Backspace && (event.modifiers() & ~Qt::ShiftModifier) == 0;
     if (!isBackward && !event.matches(QKeySequence::Delete))
@@ -102,6 +118,19 @@ bool MaskedLineEdit::erasedBy(const QKeyEvent& event) {
         become(isBackward ? mask_.eraseBefore(toUtf8(text()), caret)
                           : mask_.eraseAfter(toUtf8(text()), caret));
     return true;
+}
+
+/// Qt's own menu, but for its "Delete", which would not ask the mask.
+void MaskedLineEdit::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* const menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* const action : menu->actions()) {
+        if (action->text() != QLineEdit::tr("Delete"))
+            continue;
+        action->disconnect();
+        connect(action, &QAction::triggered, this, &MaskedLineEdit::eraseSelection);
+    }
+    menu->popup(event->globalPos());
 }
 
 void MaskedLineEdit::inputMethodEvent(QInputMethodEvent* event) {

@@ -41,11 +41,9 @@ signals:
     /// A person has changed the text, never code. A receiver may call `setText` at once.
     void edited(const QString& text);
 
-    /// Return or Enter was pressed.
-    void entered();
-
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;

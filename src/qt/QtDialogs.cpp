@@ -22,14 +22,14 @@ QStringList nameFilters(const FileType& type) {
 } // namespace
 
 std::optional<std::filesystem::path> QtDialogs::GetOpenFolderItem(const FileType& filter) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
     dialog.setFileMode(QFileDialog::ExistingFile);
     return ask(dialog, filter);
 }
 
 std::optional<std::filesystem::path> QtDialogs::GetSaveFolderItem(const FileType& filter,
                                                                   std::string_view defaultName) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.selectFile(toQString(defaultName));
@@ -39,8 +39,6 @@ std::optional<std::filesystem::path> QtDialogs::GetSaveFolderItem(const FileType
 std::optional<std::filesystem::path> QtDialogs::ask(QFileDialog& dialog, const FileType& filter) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(filter));
-    if (!folder_.isEmpty())
-        dialog.setDirectory(folder_);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QFileInfo chosen(dialog.selectedFiles().constFirst());

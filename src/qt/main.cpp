@@ -41,12 +41,9 @@ std::filesystem::path applicationData() {
 #if defined(Q_OS_WIN)
     return qEnvironmentVariable("APPDATA").toStdU16String();
 #elif defined(Q_OS_MACOS)
-    constexpr auto kLocation = QStandardPaths::GenericDataLocation;
+    return toUtf8(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
 #else
-    constexpr auto kLocation = QStandardPaths::GenericConfigLocation;
-#endif
-#if !defined(Q_OS_WIN)
-    return toUtf8(QStandardPaths::writableLocation(kLocation));
+    return toUtf8(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
 #endif
 }
 

@@ -41,7 +41,7 @@ public:
     /// Refreshes the tooltip of the popup.
     void SetHelpTag() { value_.SetHelpTag(); }
 
-    /// Runs when the epoch has changed by a choice of the user.
+    /// Runs when a choice of the user, or a restore, has changed the epoch.
     std::function<void(EpochSelector&, const Date&)> ValueChanged;
 
     GroupBox gbox;

@@ -36,7 +36,8 @@ public:
     /// Fills the popups, lets the owner assign `format`, then shows the examples.
     void open() override;
 
-    /// Runs for each change that the user makes, before the examples follow.
+    /// Runs for each change of a choice, but for those that `setFormat` makes, before the examples
+    /// follow.
     std::function<void(FormatSelector&, const RADecFormat&)> FormatChanged;
 
     GroupBox gbox;

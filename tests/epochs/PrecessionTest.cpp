@@ -36,16 +36,6 @@ TEST(Precession, GivesTheKnownValuesToTheLastDigit) {
     }
 }
 
-TEST(Precession, TakesTheDistanceToThePoleBehind89DegreesOnly) {
-    // At the prime meridian the angles of equal epochs leave the sine and cosine as they are, so
-    // that the last digits tell which inverse was taken.
-    const auto declination = [](double dec) {
-        return ConvertEpoch(kJ2000, kJ2000, {0.0, dec}).Right;
-    };
-    EXPECT_EQ(declination(89.0), 57.2957795131 * std::asin(std::sin(89.0 * 0.0174532925)));
-    EXPECT_EQ(declination(-89.2), -57.2957795131 * std::acos(std::cos(89.2 * 0.0174532925)));
-}
-
 /// Milliseconds of arc between two positions along the great circle (haversines).
 double separation(const Pair& a, const Pair& b) {
     constexpr double degree = std::numbers::pi / 180.0;

@@ -49,7 +49,7 @@ TEST(Parsing, RightAscension) {
         {"HH MM SS", " 12 34", 12.0 / 60.0 + 34.0 / 3600.0},
         {"HH MM SS", "1 2 3 99", 2.0 / 60.0 + 1.0 + 3.0 / 3600.0}, {"HH MM", "12.5 30", 13.0},
         {"HH", "12 34", 12.0}, {"HH", "abc", 0.0}, {"HH", "23.999", 23.999},
-        {"HH", "24", 24.0, kHours}, {"HH MM SS", "-1 00 00", -1.0, kHours},
+        {"HH", "24", 24.0, kHours}, {"HH MM SS", "-1 00 00", -1.0, kHours}, {"HH MM", "12 -6", -6.0 / 60.0 + 12.0, kMinutes},
         {"HH MM SS", "23 60 00", 24.0, kMinutes}, {"HH MM SS", "23 59 60", 24.0, kSeconds},
         {"HH MM SS", "25 61 61", 61.0 / 60.0 + 25.0 + 61.0 / 3600.0, kHours},
         {"HH MM SS", "23 59 59.9999999999999", 24.0, kSum}, {"DDD", "360", 24.0, kDegrees},
@@ -97,7 +97,7 @@ TEST(Parsing, Declination) {
 
 TEST(Parsing, CommaPassesThroughEveryMethodOfALocalisedRecord) {
     const Case cases[] = {
-        {"HH", "12,5", 12.5}, {"HH MM", "12 30,5", 30.5 / 60.0 + 12.0},
+        {"HH", "12,5", 12.5}, {"HH", "12.5", 12.0}, {"HH MM", "12 30,5", 30.5 / 60.0 + 12.0},
         {"HH:MM", "12: 30,5", 30.5 / 60.0 + 12.0}, {"HHhMMm", "12h30,5m", 30.5 / 60.0 + 12.0},
         {"HHMM", "1230,5", 30.5 / 60.0 + 12.0}, {"DDD°MM'", "180°30,0'", 30.0 / 15.0 / 60.0 + 12.0},
     };
@@ -106,7 +106,7 @@ TEST(Parsing, CommaPassesThroughEveryMethodOfALocalisedRecord) {
 
 TEST(LookAlikes, AreReadAsTheCharactersOfANotation) {
     const std::pair<std::string_view, std::string_view> cases[] = {
-        {"−22º40′30″", "-22°40'30\""}, {"–1‐2‑3", "-1-2-3"}, {"22˚40’30”", "22°40'30\""}, {"22°40'", "22°40'"},
+        {"−22º40′30″", "-22°40'30\""}, {"–1‐2‑3", "-1-2-3"}, {"22˚40’30”", "22°40'30\""}, {"−22 40 30.25", "-22 40 30.25"}, {"22°40'", "22°40'"},
         {"1\u00A02\u20073\u20094\u200A5\u202F6", "1 2 3 4 5 6"}, {"12ʰ34ᵐ56ˢ", "12h34m56s"},
         {"\xE2\x88 \xFFé\xC2", "\xE2\x88 \xFFé\xC2"}, {"", ""}};
     std::string storage;

@@ -1,12 +1,6 @@
 #include "notation/RADecFormat.h"
-#include "support/CountingAllocator.h"
 
 #include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstdio>
-#include <random>
-
 
 namespace skyvert::rendering_test {
 
@@ -93,37 +87,6 @@ TEST(Rendering, NothingIsCarriedWrappedOrLimitedAndTheSignIsThatOfTheWholeValue)
         EXPECT_EQ(renderRA(notation, value, decimals), text);
     for (const auto& [notation, value, decimals, text] : declinations)
         EXPECT_EQ(renderDec(notation, value, decimals), text);
-}
-
-TEST(Rendering, ShortRoadRoundsAsTheCLibraryDoes) {
-    std::mt19937_64 random(1); // the same values in every run
-    for (int i = 0; i < 20'000; ++i) {
-        // Sixteenths and hundredths of a second meet ties, at them and a hair beside them.
-        const double steps = i % 2 == 0 ? 16.0 : 100.0;
-        const double hours = static_cast<double>(random() % 8'640'000) / (3600.0 * steps);
-        const double minutes = (hours - std::floor(hours)) * 60.0;
-        const double seconds = (minutes - std::floor(minutes)) * 60.0;
-        const int decimals = static_cast<int>(random() % 9) + 1;
-        std::array<char, 64> expected;
-        std::snprintf(expected.data(), expected.size(), "%02.0f %02.0f %0*.*f", std::floor(hours),
-                      std::floor(minutes), decimals + 3, decimals, seconds);
-        ASSERT_EQ(renderRA("HH MM SS", hours, decimals), expected.data()) << hours;
-    }
-}
-
-TEST(Rendering, OneRowOfAListTakesNoMemory) {
-    const RADecFormat format("HH MM SS\t+DD MM SS\tN\t2\t1", kComma);
-    std::array<char, 2 * RADecFormat::kMaxText> cells;
-    const auto renderRow = [&](std::string_view ra, std::string_view dec) {
-        std::string_view error;
-        char* const end = format.writeRA(format.ImportRA(ra, error), cells.data());
-        return std::string_view(cells.data(), format.writeDec(format.ImportDec(dec, error), end));
-    };
-    renderRow("0", "0"); // learns the separator
-    const std::size_t before = allocationCount();
-    EXPECT_EQ(renderRow("12 34 56.78", "-01 02 03.4"), "12 34 56.78-01 02 03.4");
-    EXPECT_EQ(renderRow(" 12   34", "x"), "00 12 00.00+00 00 00.0");
-    EXPECT_EQ(allocationCount(), before);
 }
 
 } // namespace skyvert::rendering_test

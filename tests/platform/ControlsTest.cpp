@@ -39,7 +39,18 @@ TEST(Controls, EventsRunOnlyForAChange) {
     date.ValueChanged = [&](DateControl& sender) { events += sender.dateValue().SQLDate(); };
     date.setDateValue(Date(2000, 1, 1, 18, 0, 0));
     date.setDateValue(Date(2000, 1, 2));
-    EXPECT_EQ(events, "on off 2000-01-02");
+    date.setVisible(false);
+    date.setDateValue(Date(2000, 1, 3));
+    PopupMenu popup({.name = "popup"});
+    popup.Change = [&](PopupMenu& sender) { events += " " + std::to_string(sender.listIndex()); };
+    popup.AddRow("row");
+    for (int i = 0; i < 2; ++i)
+        popup.setListIndex(0);
+    for (const std::int64_t row : {-2, 1})
+        EXPECT_THROW(popup.setListIndex(row), std::out_of_range);
+    popup.DeleteAllRows();
+    EXPECT_EQ(events, "on off 2000-01-02 0 -1");
+    EXPECT_THROW(popup.Text(), std::out_of_range);
 }
 
 TEST(Timer, FiresOnceAndMayBeArmedInItsAction) {
@@ -71,11 +82,13 @@ TEST(Listbox, KeepsItsCellsAsTheyWereAdded) {
     Listbox list{{.name = "list"}, {"n", "n2"}};
     fill(list, 5000);
     list.AddRow(std::array<std::string_view, 1>{"short"});
+    fill(list, 5002);
     for (std::int64_t row = 0; row < 5000; ++row)
         EXPECT_EQ(list.Cell(row, 1), std::to_string(row * row));
     EXPECT_EQ(list.Cell(5000, 0), "short");
     EXPECT_EQ(list.Cell(5000, 1), "");
-    for (const auto& [row, column] : {std::pair{5001, 0}, {-1, 0}, {0, 2}, {0, -1}})
+    EXPECT_EQ(list.Cell(5001, 0), "5001");
+    for (const auto& [row, column] : {std::pair{5002, 0}, {-1, 0}, {0, 2}, {0, -1}})
         EXPECT_THROW(list.Cell(row, column), std::out_of_range);
     list.DeleteAllRows();
     EXPECT_EQ(list.LastIndex(), -1);
@@ -84,7 +97,7 @@ TEST(Listbox, KeepsItsCellsAsTheyWereAdded) {
 TEST(Listbox, SelectsRowsOneByOneOrInRanges) {
     Listbox list{{.name = "list"}, {"n", "n2"}};
     fill(list, 10);
-    list.setSelection({{7, 20}, {2, 3}, {3, 4}, {5, 5}, {-3, 0}});
+    list.setSelection({{7, 20}, {2, 4}, {3, 3}, {5, 5}, {-3, 0}});
     EXPECT_EQ(list.selection(), (std::vector<RowRange>{{0, 0}, {2, 5}, {7, 9}}));
     std::string selected;
     for (int row = -1; row < 12; ++row)
@@ -94,6 +107,10 @@ TEST(Listbox, SelectsRowsOneByOneOrInRanges) {
     EXPECT_EQ(list.selectedText(), "3\t9\n");
     list.setListIndex(10);
     EXPECT_EQ(list.selectedText(), "");
+    list.setListIndex(9);
+    list.DeleteAllRows();
+    fill(list, 10);
+    EXPECT_EQ(list.listIndex(), -1);
 }
 
 } // namespace skyvert::controls_test

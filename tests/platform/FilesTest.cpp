@@ -33,7 +33,8 @@ TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
         {"\xEF\xBB", "\u00EF\u00BB|"},
         {"1\xB0 2\x92 3\x94\n\x80\x81", "1\u00B0 2\u2019 3\u201D|\u20AC\u0081|"},
         {"\u00B0\xB0\xE2\x80", "\u00B0\u00B0\u00E2\u20AC|"},
-        {"\xED\xA0\x80", "\u00ED\u00A0\u20AC|"}, {"\U0001F600", "\U0001F600|"},
+        {"\xED\xA0\x80", "\u00ED\u00A0\u20AC|"}, {"\U0001F600\u0800", "\U0001F600\u0800|"},
+        {"\xF4\x90\x80\x80", "\u00F4\u0090\u20AC\u20AC|"},
         {"\xFF\xFE\x31\0\xB0\0\r\0\n\0\x32\0"s, "1\u00B0|2|"},
         {"\xFE\xFF\0\x31\0\n\x22\x12\xD8\x3D\xDD\x2D"s, "1|\u2212\U0001F52D|"},
         {"\xFF\xFE=\xD8\0\xDE=\xD8z\0\0\xDCz\0b"s, "\U0001F600\uFFFDz\uFFFDz\uFFFD|"},
@@ -61,7 +62,7 @@ TEST_F(TextFiles, AreReplacedOnlyWhenClosed) {
     constexpr auto kPermissions = fs::perms::owner_read | fs::perms::owner_write;
     ASSERT_TRUE(writeWholeFile(list, "old"));
     fs::permissions(list, kPermissions);
-    fs::create_symlink(list, folder / "link.txt");
+    fs::create_symlink("list.txt", folder / "link.txt");
     { TextOutputStream::Create(list).WriteLine("lost"); }
     EXPECT_EQ(readWholeFile(list), "old");
     TextOutputStream stream = TextOutputStream::Create(folder / "link.txt");

@@ -7,17 +7,6 @@ namespace skyvert::text_test {
 
 using Fields = std::vector<std::string_view>;
 
-TEST(Text, SplitGivesOneFieldMoreThanDelimitersButNoneForAnEmptyTextAndJoinUndoesIt) {
-    Fields fields{"from", "before"};
-    Split("", '\t', fields);
-    EXPECT_EQ(fields, Fields{});
-    Split("a\tb", '\t', fields);
-    EXPECT_EQ(fields, (Fields{"a", "b"}));
-    EXPECT_EQ(Split("one", ':'), Fields{"one"});
-    EXPECT_EQ(Split(":a::", ':'), (Fields{"", "a", "", ""}));
-    EXPECT_EQ(Join(std::vector<std::string>{"", "b", ""}, ", "), ", b, ");
-}
-
 TEST(Text, ReplacementIgnoresCaseAndNeverLooksAtWhatItPutIn) {
     struct Case { std::string_view text, wanted, by, first, all; };
     const Case cases[] = {
@@ -30,16 +19,6 @@ TEST(Text, ReplacementIgnoresCaseAndNeverLooksAtWhatItPutIn) {
         EXPECT_EQ(Replace(c.text, c.wanted, c.by), c.first);
         EXPECT_EQ(ReplaceAll(c.text, c.wanted, c.by), c.all);
     }
-}
-
-TEST(Text, PositionsCountCharactersFromOne) {
-    EXPECT_EQ(Left("°'x", 2), "°'");
-    EXPECT_EQ(Left("ab", 9), "ab");
-    EXPECT_EQ(Mid("1°2'3", 3), "2'3");
-    EXPECT_EQ(Mid("1°2'3", 2, 2), "°2");
-    EXPECT_EQ(Mid("abc", 0, 2), "ab");
-    EXPECT_EQ(Mid("abc", 4), "");
-    EXPECT_EQ(Len("12°34'"), 6U);
 }
 
 TEST(Text, BytesThatAreNoUtf8AreHarmless) {

@@ -49,6 +49,7 @@ TEST(Layout, ATallerWindowStretchesTheListAndMovesWhatStandsBelow) {
     EXPECT_EQ(shown.window.height(), 650);
     EXPECT_EQ(shown.find("list")->geometry(), QRect(20, 244, 853, 322));
     EXPECT_EQ(shown.find("GroupBox2")->geometry(), QRect(20, 571, 562, 59));
+    EXPECT_EQ(shown.find("ClearListButton")->geometry().center().y(), 587);
     shown.view.resize(1000, 100);
     EXPECT_EQ(shown.view.size(), QSize(893, 500 + menuBar));
     EXPECT_EQ(shown.find("list")->height(), 172);

@@ -10,7 +10,7 @@ namespace skyvert::preferences_test {
 namespace fs = std::filesystem;
 
 struct PreferencesTest : testing::Test {
-    Preferences open() const { return {root_.path(), "Skyvert", "Preferences.xml"}; }
+    Preferences open() const { return {root_ / "config", "Skyvert", "Preferences.xml"}; }
 
     /// A run that assigns one value; returns whether that counts as a change.
     bool store(const Variant& value) const {
@@ -23,7 +23,7 @@ struct PreferencesTest : testing::Test {
     std::string stored() const { return open().Value("key", "default").stringValue(); }
 
     const TemporaryFolder root_;
-    const fs::path folder_ = root_ / "Skyvert";
+    const fs::path folder_ = root_ / "config/Skyvert";
     const fs::path file_ = folder_ / "Preferences.xml";
 };
 

@@ -52,15 +52,6 @@ TEST_F(FormatSelectorTest, OpensWithItsStoredFormatAndOffersNoDecimalPointToChoo
               "Not applicable for this locality (your decimal point is a period).");
 }
 
-TEST_F(FormatSelectorTest, FollowsADecimalCommaWhenTold) {
-    open(",", "HH\tDD\tY\t1\t1");
-    EXPECT_EQ(shown(), "HH\tDD\tY\t1\t1 / 15,8 / 22,7");
-    EXPECT_EQ(selector.localised.caption(), "Localised decimal point (,)");
-    selector.localised.setValue(false);
-    EXPECT_EQ(shown(), "HH\tDD\tN\t1\t1 / 15.8 / 22.7");
-    EXPECT_EQ(told, "HH\tDD\tN\t1\t1 / 15,8\n");
-}
-
 TEST_F(FormatSelectorTest, TellsOfEachChangeOnceAndBeforeTheExamplesFollow) {
     open(".", "HH MM\t+DD MM\tN\t0\t0");
     selector.RAFormat.setValue("HH");

@@ -37,17 +37,4 @@ TEST(DelimitedText, ReadsEveryDialect) {
     }
 }
 
-TEST(DelimitedText, WritesEveryDialect) {
-    const std::string_view fields[] = {"a,b", "a\"b", "", " c "};
-    std::string text;
-    for (const Dialect dialect : {Dialect::Tab, Dialect::Space, Dialect::Comma, Dialect::None}) {
-        appendRecord(fields, dialect, text);
-        text += "\n";
-    }
-    EXPECT_EQ(text, "a,b\ta\"b\t\t c \na,b a\"b   c \n\"a,b\",\"a\"\"b\",, c \n\n");
-    std::string quoted;
-    JoinCommaSeparated(fields, true, quoted);
-    EXPECT_EQ(quoted, R"("a,b","a""b",""," c ")");
-}
-
 } // namespace skyvert::delimited_text_test

@@ -53,8 +53,9 @@ TEST_F(ImportExportTest, EveryLineBecomesARow) {
 }
 
 TEST_F(ImportExportTest, SpacesInTheDataAreRefusedBeforeAnyDialog) {
-    program.setFormats("HH MM\t+DD:MM", "HH:MM\t+DD MM");
+    program.setFormats("HH MM\t+DD:MM", "HH:MM\t+DD:MM");
     EXPECT_EQ(import("Space-separated", "1 2\n"), "");
+    program.setFormats("HH:MM\t+DD:MM", "HH:MM\t+DD MM");
     EXPECT_EQ(exported("Space-separated"), "no file");
     const std::string refusal = "The file format is incompatible with the data format (i.e. the "
                                 "data contain spaces)!|";

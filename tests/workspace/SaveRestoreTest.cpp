@@ -122,6 +122,7 @@ TEST_F(SaveRestoreTest, AFailingCloseHandlerKeepsNoOtherFromSaving) {
     program.settle();
     program.window->ConvertCoordinates("2", "2");
     program.window->fromEpoch.Close = [] { throw std::runtime_error("no"); };
+    program.window->toEpoch.Close = [] { throw std::logic_error("only the first is told"); };
     EXPECT_THROW(program.window->close(), std::runtime_error);
     program.app.Event_Close();
     EXPECT_EQ(program.quitCode, 0);
@@ -152,6 +153,8 @@ TEST_F(SaveRestoreTest, WhatIsDamagedGivesDefaultsWithoutAWord) {
         EXPECT_EQ(main.list.Cell(1, 3), "Unknown format!");
         EXPECT_EQ(program.machine.dialogs.messages, "");
     });
+    edit("nContents</key>\n\t<integer>", "nContents</key>\n\t<integer>10000000");
+    run([](TestWindow& program, MainWindow&) { EXPECT_EQ(program.rows(), ""); });
 }
 
 } // namespace skyvert::save_restore_test
