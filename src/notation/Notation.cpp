@@ -57,9 +57,10 @@ std::span<const Notation> notationsOfDec() {
 }
 
 const Notation* findNotation(std::span<const Notation> notations, std::string_view name) {
-    const auto found = std::find_if(
-        notations.begin(), notations.end(),
-        [&](const Notation& notation) { return equalsIgnoringCase(notation.name, name); });
+    const auto found =
+        std::find_if(notations.begin(), notations.end(), [&](const Notation& notation) {
+            return equalsIgnoringCase(notation.name, name);
+        });
     return found == notations.end() ? nullptr : &*found;
 }
 

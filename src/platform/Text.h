@@ -9,8 +9,8 @@
 
 // The text operations that the program's rules are written in. Texts are UTF-8, positions and
 // lengths count characters (code points), and positions start at 1. Bytes that are no UTF-8 do no
-// harm: one that continues no character starts one or belongs to the character before it. Letter case is that of ASCII, whatever
-// the locale, so that a stored text means the same everywhere.
+// harm: one that continues no character starts one or belongs to the character before it. Letter
+// case is that of ASCII, whatever the locale, so that a stored text means the same everywhere.
 namespace skyvert {
 
 /// True for a blank, a tab and the line ends of ASCII.

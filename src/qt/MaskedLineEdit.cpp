@@ -98,7 +98,8 @@ bool MaskedLineEdit::editedBy(const QKeyEvent& event) {
     return true;
 }
 
-/// Deletes by Backspace and Delete, or by words. A deletion up to the end of the text fits any mask.
+/// Deletes by Backspace and Delete, or by words. A deletion up to the end of the text fits any
+/// mask.
 bool MaskedLineEdit::erasedBy(const QKeyEvent& event) {
     for (const auto& [key, select] : kWordDeletions) {
         if (event.matches(key)) {

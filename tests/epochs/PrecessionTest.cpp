@@ -16,6 +16,7 @@ TEST(Precession, GivesTheKnownValuesToTheLastDigit) {
     // The tolerances are half a unit of the last digit given.
     const std::tuple<double, double, Pair, Pair, double, double> cases[] = {
         {2451545.0, 2451545.0, {12.0, 45.0}, {12.0000000001, 44.9999999486}, 5e-11, 5e-11},
+        {2451545.0, 2451545.0, {11.5, 0.0}, {11.50000000002084, 0.0}, 5e-12, 0.0},
         {kJ2000, kJ2000, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},
         {2000.0, 2451545.0, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},
         {2050.0, 2469807.5, {0.0, 0.0}, {0.0, 0.0}, 0.0, 0.0},

@@ -23,9 +23,6 @@ TEST(Date, CountsSecondsAndDaysOfTheYearByTheProlepticGregorianCalendar) {
         EXPECT_EQ(counted, date);
     }
     EXPECT_EQ(Date(2023, 13, 32).TotalSeconds(), Date(2024, 2, 1).TotalSeconds());
-    Date whole(1, 1, 1);
-    whole.setTotalSeconds(-0.5);
-    EXPECT_EQ(whole, Date(1969, 12, 31, 23, 59, 59));
 }
 
 TEST(Date, SQLDateTakesRealDaysOnlyAndKeepsTheClockTime) {

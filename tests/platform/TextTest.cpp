@@ -32,10 +32,8 @@ TEST(Text, TrimAndComparisonKnowAsciiOnly) {
     EXPECT_EQ(Trim(" \t\r\n\v\f a b \n"), "a b");
     EXPECT_EQ(Trim(" \t"), "");
     EXPECT_TRUE(equalsIgnoringCase("HHhMMm", "hhHmmM"));
-    EXPECT_FALSE(equalsIgnoringCase("i", "İ"));
-    EXPECT_FALSE(equalsIgnoringCase("É", "é"));
-    EXPECT_FALSE(equalsIgnoringCase("[", "{"));
-    EXPECT_FALSE(equalsIgnoringCase("a", "ab"));
+    for (const auto& [left, right] : {std::pair{"i", "İ"}, {"É", "é"}, {"[", "{"}, {"a", "ab"}})
+        EXPECT_FALSE(equalsIgnoringCase(left, right)) << left;
 }
 
 } // namespace skyvert::text_test

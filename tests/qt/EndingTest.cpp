@@ -20,11 +20,16 @@ TEST(Ending, QuitAndClosingRunTheCloseHandlersOnce) {
     shown.app.onQuit = [&](int code) { codes.push_back(code); };
     shown.open();
     shown.addRows(1);
+    QTest::keyClick(shown.find("toEpoch/epochPopup"), Qt::Key_End);
+    shown.find("toEpoch/epochDate")->setFocus();
+    QTest::keyClicks(shown.find("toEpoch/epochDate"), "1991");
     shown.view.findChild<QAction*>("FileQuit")->trigger();
     shown.view.close();
     EXPECT_EQ(codes, std::vector<int>{0});
     EXPECT_FALSE(shown.view.isVisible());
     EXPECT_EQ(shown.app.prefs().Value("Contents.RA.0", std::string()).stringValue(), "12 30");
+    EXPECT_EQ(shown.app.prefs().Value("toEpochA", std::string()).stringValue(),
+              R"({"epochPopup":5,"epochDate":"1991-11-16"})");
 }
 
 #ifdef Q_OS_UNIX

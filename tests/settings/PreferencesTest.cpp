@@ -56,15 +56,12 @@ TEST_F(PreferencesTest, AFileThatIsNoGoodCountsAsAbsentAndIsReplaced) {
 }
 
 TEST_F(PreferencesTest, PlacesThatCannotBeUsedAreNoTrouble) {
-    fs::create_directories(file_ / "inside");
-    for (int obstacle = 0; obstacle < 3; ++obstacle) {
+    for (const fs::path& folderInTheWay : {file_ / "inside", root_ / "else"}) {
+        fs::create_directories(folderInTheWay);
         store("lost");
         EXPECT_EQ(stored(), "default");
         fs::remove_all(folder_);
-        if (obstacle == 0)
-            EXPECT_TRUE(writeWholeFile(folder_, "a file in the folder's place"));
-        else
-            fs::create_directory_symlink("nowhere", folder_);
+        EXPECT_TRUE(writeWholeFile(folder_, "a file in the folder's place"));
     }
 }
 

@@ -49,6 +49,7 @@ TEST_F(EpochSelectorTest, RefusesADamagedTextAndChangesNothing) {
          {"x", "[]", "{}{}", "{\"a\":\"\xFF\"}", deep.c_str(), R"({"epochPopup":"2"})",
           R"({"epochPopup":2.0})", R"({"epochPopup":null})", R"({"epochPopup":6})",
           R"({"epochPopup":-2})", R"({"epochPopup":4294967298})",
+          R"({"epochPopup":18446744073709551615})",
           R"({"epochPopup":1,"epochDate":"1987-02-29"})", R"({"epochPopup":1,"epochDate":""})"})
         EXPECT_THROW(selector.setSerialised(stored), std::invalid_argument)
             << std::string_view(stored).substr(0, 40);

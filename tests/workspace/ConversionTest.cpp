@@ -57,8 +57,7 @@ TEST_F(ConversionTest, ASelectorReachesHeadingsAndLaterRowsOnly) {
     EXPECT_EQ(program.rows(), before + "187.50|-00:30:00.0|12:34:28|-1|;");
     EXPECT_EQ(program.headings(),
               "Input RA (1900.0)|Input Dec (1900.0)|Output RA (1987.2)|Output Dec (1987.2)|");
-    main.list.DeleteAllRows();
-    main.fromEpoch.epochPopup.setValue("J2000.0");
+    main.ClearListButton.press();
     EXPECT_FALSE(main.ClearListButton.enabled());
     const TestWindow german(folder, {.decimalPoint = ",", .groupSeparator = "."});
     EXPECT_EQ(german.headings(),

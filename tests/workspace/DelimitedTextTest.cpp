@@ -24,7 +24,7 @@ TEST(DelimitedText, ReadsEveryDialect) {
             {"", ""}, {" \t ", ""}, {"a,b,c", "[a][b][c]"}, {"a , b", "[a][b]"}, {"a,b,", "[a][b]"},
             {"a,,b", "[a][][b]"}, {",a", "[][a]"}, {",", "[]"}, {R"("a,b",c)", "[a,b][c]"},
             {R"("a""b")", R"([a"b])"}, {R"("")", "[]"}, {R"("",x)", "[][x]"},
-            {R"(" a " , b)", "[ a ][b]"}, {R"("abc"def,ghi)", "[abc][def][ghi]"},
+            {R"(" a " , b)", "[ a ][b]"}, {R"("a", "b")", "[a][b]"}, {R"("abc"def,ghi)", "[abc][def][ghi]"},
             {R"("abc)", "[abc]"}, {R"("abc"")", R"([abc"])"}, {R"(""")", R"(["])"},
             {R"(a"b,c)", R"([a"b][c])"}, {"\"a\"  \t\"b\u00B0,\" ,", "[a][b\u00B0,]"},
             // A line that differs from the one before in case alone yields the fields of that.

@@ -91,11 +91,9 @@ TEST_F(ImportExportTest, ADialogCancelledOrAFileThatFailsChangesNothing) {
     main.FileImportBtn.press();
     main.ExportListBtn.press();
     EXPECT_EQ(dialogs.asked, "open special/any|save text/plain list.txt|");
-    for (const auto& file : {folder / "none/list.txt", folder.path()}) {
-        dialogs.file = file;
-        EXPECT_THROW(main.FileImportBtn.press(), FileError);
-        EXPECT_THROW(main.ExportListBtn.press(), FileError);
-    }
+    dialogs.file = folder / "none/list.txt";
+    EXPECT_THROW(main.FileImportBtn.press(), FileError);
+    EXPECT_THROW(main.ExportListBtn.press(), FileError);
     EXPECT_EQ(main.list.RowCount(), 1);
 }
 

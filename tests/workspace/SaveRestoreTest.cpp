@@ -135,6 +135,8 @@ TEST_F(SaveRestoreTest, RowsOfAnEarlierLongerListStayInTheStoreUnread) {
     EXPECT_NE(stored().find("<key>Contents.RA.1</key>\n\t<string>02 00.0</string>"),
               std::string::npos);
     run([](TestWindow& program, MainWindow&) { EXPECT_EQ(program.rows(1), "03 00.0|;"); });
+    runWithRows({});
+    run([](TestWindow& program, MainWindow&) { EXPECT_EQ(program.rows(1), ""); });
 }
 
 TEST_F(SaveRestoreTest, WhatIsDamagedGivesDefaultsWithoutAWord) {

@@ -3,19 +3,7 @@
 
 #include <gtest/gtest.h>
 
-namespace skyvert::selectors_test {
-
-TEST(Popup, SelectsByTheTextOfARow) {
-    Popup popup({.name = "popup"});
-    popup.setValue("x");
-    EXPECT_EQ(popup.value(), "");
-    for (const char* row : {"J2000.0", "j2000.0", "Other"})
-        popup.AddRow(row);
-    for (const auto& [text, row] : {std::pair{"j2000.0", 0}, {"OTHER", 2}, {"none", -1}}) {
-        popup.setValue(text);
-        EXPECT_EQ(popup.listIndex(), row);
-    }
-}
+namespace skyvert::format_selector_test {
 
 struct FormatSelectorTest : testing::Test {
     void open(const char* decimalPoint, const char* stored) {
@@ -67,4 +55,4 @@ TEST_F(FormatSelectorTest, TellsOfEachChangeOnceAndBeforeTheExamplesFollow) {
     EXPECT_EQ(told, "");
 }
 
-} // namespace skyvert::selectors_test
+} // namespace skyvert::format_selector_test
