@@ -24,59 +24,54 @@ struct Preset {
 
 constexpr Preset kPresets[] = {
     {"B1900.0", 1900}, {"B1950.0", 1950}, {"J2000.0", 2000}, {"J2050.0", 2050}};
-constexpr std::string_view kNow = "JNow";
-constexpr std::string_view kOther = "Other";
-constexpr std::string_view kDefaultRow = "J2000.0";
+constexpr std::int64_t kNowRow = std::size(kPresets); ///< the row behind the presets
+constexpr std::int64_t kOtherRow = kNowRow + 1;
+constexpr std::string_view kDefaultPreset = "J2000.0";
 
 constexpr double kDaysPerYear = 365.25;
 
 constexpr const char* kPopupMember = "epochPopup";
 constexpr const char* kDateMember = "epochDate";
 
+/// The row of the first preset that `matches`, or `otherwise`.
 template <typename Matches>
-const Preset* findPreset(Matches matches) {
+std::int64_t presetRow(Matches matches, std::int64_t otherwise) {
     const Preset* found = std::find_if(std::begin(kPresets), std::end(kPresets), matches);
-    return found == std::end(kPresets) ? nullptr : found;
+    return found == std::end(kPresets) ? otherwise : found - std::begin(kPresets);
 }
 
-const Preset* presetOfDay(const Date& date) {
+/// The row of the preset on a day, or `otherwise`.
+std::int64_t presetRowOfDay(const Date& date, std::int64_t otherwise) {
     const std::string day = date.SQLDate();
-    return findPreset([&](const Preset& preset) { return preset.date().SQLDate() == day; });
-}
-
-/// The text of a row, or none for a number that is no row.
-std::string rowText(int row) {
-    const std::vector<std::string> rows = epochRows();
-    return row >= 0 && row < std::ssize(rows) ? rows[static_cast<std::size_t>(row)] : "";
-}
-
-int defaultRow() {
-    const std::vector<std::string> rows = epochRows();
-    return static_cast<int>(std::find(rows.begin(), rows.end(), kDefaultRow) - rows.begin());
+    return presetRow([&](const Preset& preset) { return preset.date().SQLDate() == day; },
+                     otherwise);
 }
 
 /// The row that a stored text names; -1 stands for no selection.
-int storedRow(const JsonObject& stored) {
-    const std::int64_t row = stored.integer(kPopupMember).value_or(defaultRow());
-    if (row < -1 || row >= std::ssize(epochRows()))
+std::int64_t storedRow(const JsonObject& stored) {
+    const auto isDefault = [](const Preset& preset) { return preset.name == kDefaultPreset; };
+    const std::int64_t row = stored.integer(kPopupMember).value_or(presetRow(isDefault, -1));
+    if (row < -1 || row > kOtherRow)
         throw std::invalid_argument("the stored epoch names no row");
-    return static_cast<int>(row);
+    return row;
 }
 
 } // namespace
 
 std::vector<std::string> epochRows() {
     std::vector<std::string> rows;
-    rows.reserve(std::size(kPresets) + 2);
+    rows.reserve(kOtherRow + 1);
     for (const Preset& preset : kPresets)
         rows.emplace_back(preset.name);
-    rows.emplace_back(kNow);
-    rows.emplace_back(kOther);
+    rows.emplace_back("JNow");
+    rows.emplace_back("Other");
     return rows;
 }
 
-EpochValue::EpochValue(EpochView& view, const Clock& clock, Locale locale)
-    : view_(view), clock_(clock), locale_(std::move(locale)) {}
+EpochValue::EpochValue(PopupMenu& epochPopup, DateControl& epochDate, Label& dateLabel,
+                       const Clock& clock, Locale locale)
+    : epochPopup_(epochPopup), epochDate_(epochDate), dateLabel_(dateLabel), clock_(clock),
+      locale_(std::move(locale)) {}
 
 const Date& EpochValue::currentEpoch() const {
     if (!mepoch_)
@@ -94,17 +89,16 @@ bool EpochValue::isCurrentDay(const Date& date) const {
     return mepoch_ && mepoch_->SQLDate() == date.SQLDate();
 }
 
-std::string_view EpochValue::rowOfDay(const Date& date) const {
-    if (const Preset* preset = presetOfDay(date))
-        return preset->name;
-    return date.SQLDate() == clock_.now().SQLDate() ? kNow : kOther;
+std::int64_t EpochValue::rowOfDay(const Date& date) const {
+    const bool isToday = date.SQLDate() == clock_.now().SQLDate();
+    return presetRowOfDay(date, isToday ? kNowRow : kOtherRow);
 }
 
-/// The date that the row of a text stands for, `other` being the one of every row that has none.
-Date EpochValue::dateOfRow(std::string_view row, const Date& other) const {
-    if (const Preset* preset = findPreset([&](const Preset& p) { return p.name == row; }))
-        return preset->date();
-    return row == kNow ? clock_.now() : other;
+/// The date that a row stands for, `other` being the one of every row that has none.
+Date EpochValue::dateOfRow(std::int64_t row, const Date& other) const {
+    if (row >= 0 && row < kNowRow)
+        return kPresets[row].date();
+    return row == kNowRow ? clock_.now() : other;
 }
 
 /// The owner is handed a copy, which stands even if it assigns an epoch of its own.
@@ -117,13 +111,13 @@ void EpochValue::setEpoch(const Date& date) {
     if (isCurrentDay(date))
         return;
     const SettingGuard guard(setting_);
-    const std::string_view row = rowOfDay(date);
-    view_.setEpochPopupValue(row);
-    if (row == kOther)
-        view_.setEpochDateDateValue(date);
-    const bool isOther = view_.epochPopupValue() == kOther;
-    view_.setEpochDateVisible(isOther);
-    view_.setDateLabelVisible(isOther);
+    const std::int64_t row = rowOfDay(date);
+    epochPopup_.setListIndex(row);
+    if (row == kOtherRow)
+        epochDate_.setDateValue(date);
+    const bool isOther = epochPopup_.listIndex() == kOtherRow;
+    epochDate_.setVisible(isOther);
+    dateLabel_.setVisible(isOther);
     become(date);
     SetHelpTag();
 }
@@ -166,35 +160,35 @@ void EpochValue::setEpochJulian(double julianDate) {
 
 std::string EpochValue::serialised() const {
     JsonObject stored;
-    stored.add(kPopupMember, std::int64_t{view_.epochPopupListIndex()});
-    stored.add(kDateMember, view_.epochDateDateValue().SQLDate());
+    stored.add(kPopupMember, epochPopup_.listIndex());
+    stored.add(kDateMember, epochDate_.dateValue().SQLDate());
     return stored.toString();
 }
 
 void EpochValue::setSerialised(std::string_view text) {
     const JsonObject stored = text.empty() ? JsonObject() : JsonObject::parse(text);
-    const int row = storedRow(stored);
+    const std::int64_t row = storedRow(stored);
     Date date = clock_.now();
     date.setSQLDate(stored.text(kDateMember).value_or(date.SQLDate()));
-    view_.setEpochPopupListIndex(row);
-    view_.setEpochDateDateValue(date);
+    epochPopup_.setListIndex(row);
+    epochDate_.setDateValue(date);
     // The handlers have run in between, on a date control that was not filled yet.
-    become(dateOfRow(rowText(view_.epochPopupListIndex()), date));
+    become(dateOfRow(epochPopup_.listIndex(), date));
 }
 
 void EpochValue::epochPopup_Change() {
-    if (setting_ || view_.epochPopupListIndex() < 0)
+    const std::int64_t row = epochPopup_.listIndex();
+    if (setting_ || row < 0)
         return;
-    const std::string row = view_.epochPopupValue();
-    become(dateOfRow(row, view_.epochDateDateValue()));
-    view_.setDateLabelVisible(row == kOther);
-    view_.setEpochDateVisible(row == kOther);
+    become(dateOfRow(row, epochDate_.dateValue()));
+    dateLabel_.setVisible(row == kOtherRow);
+    epochDate_.setVisible(row == kOtherRow);
     SetHelpTag();
     raiseValueChanged();
 }
 
 void EpochValue::epochDate_ValueChanged() {
-    const Date date = view_.epochDateDateValue();
+    const Date date = epochDate_.dateValue();
     if (isCurrentDay(date))
         return;
     become(date);
@@ -204,8 +198,8 @@ void EpochValue::epochDate_ValueChanged() {
 }
 
 void EpochValue::SetHelpTag() {
-    const bool isPreset = presetOfDay(currentEpoch()) != nullptr;
-    view_.setEpochPopupHelpTag(isPreset ? "" : Format(epochYear(), "0.0", locale_));
+    const bool isPreset = presetRowOfDay(currentEpoch(), -1) >= 0;
+    epochPopup_.setHelpTag(isPreset ? "" : Format(epochYear(), "0.0", locale_));
 }
 
 } // namespace skyvert

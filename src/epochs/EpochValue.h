@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/Controls.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -12,44 +14,21 @@
 
 namespace skyvert {
 
-/// The controls of an epoch selector, as far as its logic reads and moves them: the popup
-/// `epochPopup` with the rows of `epochRows`, the date control `epochDate` and its caption
-/// `dateLabel`. At the start the popup stands on row 0.
-class EpochView {
-public:
-    virtual ~EpochView() = default;
-
-    /// `ListIndex` of `epochPopup`: the row selected, counted from 0, or -1 for none. Selecting
-    /// another row, here or through its text, has `EpochValue::epochPopup_Change` called.
-    virtual int epochPopupListIndex() const = 0;
-    virtual void setEpochPopupListIndex(int row) = 0;
-
-    /// `Value` of `epochPopup`: the text of the row selected.
-    virtual std::string epochPopupValue() const = 0;
-    virtual void setEpochPopupValue(std::string_view text) = 0;
-
-    /// `DateValue` of `epochDate`, which holds a date at all times. The user's changes, and those
-    /// made here if the control reports them, have `EpochValue::epochDate_ValueChanged` called.
-    virtual Date epochDateDateValue() const = 0;
-    virtual void setEpochDateDateValue(const Date& date) = 0;
-
-    virtual void setEpochDateVisible(bool visible) = 0;
-    virtual void setDateLabelVisible(bool visible) = 0;
-    virtual void setEpochPopupHelpTag(const std::string& text) = 0;
-};
-
 /// The rows of the popup in their order: the presets, "JNow" and "Other".
 std::vector<std::string> epochRows();
 
 /// What an epoch selector stands for: how the choice of a preset, of the present day or of a free
-/// date becomes an epoch, and the text in which the choice is stored between runs.
+/// date becomes an epoch, and the text in which the choice is stored between runs. It reads and
+/// moves three controls of the selector: the popup with the rows of `epochRows`, the date control
+/// and its caption.
 ///
 /// The letters B and J belong to the presets' names only: each preset is 1 January of its year.
 class EpochValue {
 public:
-    /// The view and the clock outlive the object. Until an epoch is assigned or restored there is
-    /// none, whatever the popup shows.
-    EpochValue(EpochView& view, const Clock& clock, Locale locale);
+    /// The controls and the clock outlive the object. Until an epoch is assigned or restored there
+    /// is none, whatever the popup shows.
+    EpochValue(PopupMenu& epochPopup, DateControl& epochDate, Label& dateLabel, const Clock& clock,
+               Locale locale);
 
     /// Runs when the user's choice, or a restore, has made this the epoch.
     std::function<void(const Date&)> ValueChanged;
@@ -94,12 +73,14 @@ public:
 private:
     const Date& currentEpoch() const;
     void become(const Date& date);
-    Date dateOfRow(std::string_view row, const Date& other) const;
-    std::string_view rowOfDay(const Date& date) const;
+    Date dateOfRow(std::int64_t row, const Date& other) const;
+    std::int64_t rowOfDay(const Date& date) const;
     bool isCurrentDay(const Date& date) const;
     void raiseValueChanged() const;
 
-    EpochView& view_;
+    PopupMenu& epochPopup_;
+    DateControl& epochDate_;
+    Label& dateLabel_;
     const Clock& clock_;
     Locale locale_;
     std::optional<Date> mepoch_;

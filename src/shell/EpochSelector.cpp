@@ -22,7 +22,7 @@ EpochSelector::EpochSelector(const ControlLayout& layout, const Clock& clock, co
     : ContainerControl(layout), gbox(layoutOf(kLayout, "gbox")),
       epochLabel(layoutOf(kLayout, "epochLabel")), epochPopup(layoutOf(kLayout, "epochPopup")),
       dateLabel(layoutOf(kLayout, "dateLabel")), epochDate(layoutOf(kLayout, "epochDate")),
-      value_(*this, clock, locale) {
+      value_(epochPopup, epochDate, dateLabel, clock, locale) {
     setChildren({&gbox, &epochLabel, &epochPopup, &dateLabel, &epochDate});
     setTitle(layout.text);
     for (const std::string& row : epochRows())
@@ -41,42 +41,6 @@ EpochSelector::EpochSelector(const ControlLayout& layout, const Clock& clock, co
 
 void EpochSelector::epochDate_Open() {
     epochDate.setDateValue(Date(2000, 1, 1));
-}
-
-int EpochSelector::epochPopupListIndex() const {
-    return static_cast<int>(epochPopup.listIndex());
-}
-
-void EpochSelector::setEpochPopupListIndex(int row) {
-    epochPopup.setListIndex(row);
-}
-
-std::string EpochSelector::epochPopupValue() const {
-    return std::string(epochPopup.value());
-}
-
-void EpochSelector::setEpochPopupValue(std::string_view text) {
-    epochPopup.setValue(text);
-}
-
-Date EpochSelector::epochDateDateValue() const {
-    return epochDate.dateValue();
-}
-
-void EpochSelector::setEpochDateDateValue(const Date& date) {
-    epochDate.setDateValue(date);
-}
-
-void EpochSelector::setEpochDateVisible(bool visible) {
-    epochDate.setVisible(visible);
-}
-
-void EpochSelector::setDateLabelVisible(bool visible) {
-    dateLabel.setVisible(visible);
-}
-
-void EpochSelector::setEpochPopupHelpTag(const std::string& text) {
-    epochPopup.setHelpTag(text);
 }
 
 } // namespace skyvert

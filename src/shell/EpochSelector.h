@@ -11,7 +11,7 @@ namespace skyvert {
 
 /// The composite control that picks one epoch: a popup of presets and, under its row "Other", a
 /// date. What a choice means is the business of `EpochValue`; this class gives it its controls.
-class EpochSelector : public ContainerControl, private EpochView {
+class EpochSelector : public ContainerControl {
 public:
     EpochSelector(const ControlLayout& layout, const Clock& clock, const Locale& locale);
 
@@ -52,16 +52,6 @@ public:
 
 private:
     void epochDate_Open();
-
-    int epochPopupListIndex() const override;
-    void setEpochPopupListIndex(int row) override;
-    std::string epochPopupValue() const override;
-    void setEpochPopupValue(std::string_view text) override;
-    Date epochDateDateValue() const override;
-    void setEpochDateDateValue(const Date& date) override;
-    void setEpochDateVisible(bool visible) override;
-    void setDateLabelVisible(bool visible) override;
-    void setEpochPopupHelpTag(const std::string& text) override;
 
     EpochValue value_;
 };
