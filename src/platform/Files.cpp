@@ -240,10 +240,12 @@ TextOutputStream TextOutputStream::Create(const fs::path& file) {
     if (exists && !fs::is_regular_file(status))
         return {target, target, std::move(old)};
     auto [written, stream] = createBeside(target);
-    if (!stream && !exists)
+    if (!stream && exists) { // in a folder that takes no new file
+        written = target;
+        stream = openStream(target, "wb");
+    }
+    if (!stream)
         throw FileError(file, "created", errno);
-    if (!stream) // a folder that takes no new file
-        return {target, target, openStream(target, "wb")};
     copyPermissions(target, written);
     return {target, std::move(written), std::move(stream)};
 }
