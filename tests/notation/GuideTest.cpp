@@ -23,33 +23,36 @@ std::vector<std::vector<std::string>> tableOfGuide(const std::string& heading) {
     return rows;
 }
 
-/// The catalogue, the example, and how the program selects, reads and writes a notation.
-template <typename Select, typename Read, typename Write>
-void expectShown(const char* heading, const std::vector<std::string>& catalogue, double example,
-                 Select select, Read read, Write write) {
-    const Locale locale{".", ","};
+TEST(Guide, ItsTablesOfNotationsShowWhatTheProgramWritesAndReads) {
+    const struct {
+        const char* heading;
+        std::vector<std::string> catalogue;
+        double example;
+        void (RADecFormat::*select)(std::string_view);
+        double (RADecFormat::*read)(std::string_view, std::string_view&) const;
+        std::string (RADecFormat::*write)(double) const;
+    } tables[] = {{"| right ascension |", RADecFormat::SupportedRAFormats(), 15.7851,
+                   &RADecFormat::setRaFormat, &RADecFormat::ImportRA, &RADecFormat::ExportRA},
+                  {"| declination |", RADecFormat::SupportedDecFormats(), 22.6751,
+                   &RADecFormat::setDecFormat, &RADecFormat::ImportDec, &RADecFormat::ExportDec}};
+    const Locale locale;
     RADecFormat format("\t\tN\t2\t2", locale);
-    const auto rows = tableOfGuide(heading);
-    ASSERT_EQ(rows.size(), catalogue.size());
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        ASSERT_GE(rows[i].size(), 2U);
-        EXPECT_EQ(rows[i][0], catalogue[i]);
-        (format.*select)(catalogue[i]);
-        EXPECT_EQ(rows[i][1], (format.*write)(example));
-        std::string_view error;
-        const double value = (format.*read)(rows[i][1], error);
-        for (std::size_t text = 1; text < rows[i].size(); ++text) {
-            EXPECT_NEAR((format.*read)(rows[i][text], error), value, 1e-9) << rows[i][text];
-            EXPECT_EQ(error, "") << rows[i][text];
+    std::string_view error;
+    for (const auto& [heading, catalogue, example, select, read, write] : tables) {
+        const auto rows = tableOfGuide(heading);
+        ASSERT_EQ(rows.size(), catalogue.size());
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            (format.*select)(catalogue[i]);
+            ASSERT_GE(rows[i].size(), 2U);
+            EXPECT_EQ(rows[i][0], catalogue[i]);
+            EXPECT_EQ(rows[i][1], (format.*write)(example));
+            const double value = (format.*read)(rows[i][1], error);
+            for (std::size_t text = 1; text < rows[i].size(); ++text) {
+                EXPECT_NEAR((format.*read)(rows[i][text], error), value, 1e-9) << rows[i][text];
+                EXPECT_EQ(error, "") << rows[i][text];
+            }
         }
     }
-}
-
-TEST(Guide, ItsTablesOfNotationsShowWhatTheProgramWritesAndReads) {
-    expectShown("| right ascension |", RADecFormat::SupportedRAFormats(), 15.7851,
-                &RADecFormat::setRaFormat, &RADecFormat::ImportRA, &RADecFormat::ExportRA);
-    expectShown("| declination |", RADecFormat::SupportedDecFormats(), 22.6751,
-                &RADecFormat::setDecFormat, &RADecFormat::ImportDec, &RADecFormat::ExportDec);
 }
 
 } // namespace skyvert::guide_test

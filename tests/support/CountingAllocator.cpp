@@ -1,5 +1,3 @@
-#include "support/CountingAllocator.h"
-
 #include <cstdlib>
 #include <new>
 
@@ -11,7 +9,7 @@ std::size_t count = 0;
 
 } // namespace
 
-std::size_t skyvert::allocationCount() { return count; }
+std::size_t allocationCount() { return count; }
 
 void* operator new(std::size_t size) {
     ++count;
