@@ -29,8 +29,7 @@ void render(double number, RADecFormat& format) {
 
 void date(double number, double other) {
     const FixedClock clock;
-    const Locale locale;
-    EpochSelector epoch({.name = "epoch"}, clock, locale);
+    EpochSelector epoch({.name = "epoch"}, clock, {});
     epoch.setEpochJulian(number);
     epoch.setEpochYear(number);
     Date date = clock.now();

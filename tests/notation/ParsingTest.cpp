@@ -64,7 +64,7 @@ TEST(Parsing, RightAscension) {
         {"HHhMMmSSs", "12H34M56S", h12m34s56}, {"HHhMMmSSs", "12 h 34 m", h12m34},
         {"HHhMMmSSs", "s12h34m56s", h12m34s56}, {"HHhMMmSSs", "12h34h56", h12m34},
         {"HHhMMmSSs", "12m34", h12m34}, {"HHhMMm", "12h34.5", 34.5 / 60.0 + 12.0},
-        {"HHhMMm", "12:34", h12m34},
+        {"HHhMMm", "12:34", h12m34}, {"DDD°MM'", "180±30", 12.0},
         {"DDD°MM'", "236°46'35\"", (46.0 / 15.0 / 60.0 + 236.0 / 15.0) + 35.0 / 15.0 / 3600.0},
         {"DDD°MM'SS\"", "236 ° 46 '", 46.0 / 15.0 / 60.0 + 236.0 / 15.0},
         {"HH:MM", "1 2 : 3 4", h12m34}, {"HH:MM:SS", "::36", 0.01},
@@ -107,7 +107,7 @@ TEST(Parsing, CommaPassesThroughEveryMethodOfALocalisedRecord) {
 
 TEST(LookAlikes, AreReadAsTheCharactersOfANotation) {
     const std::pair<std::string_view, std::string_view> cases[] = {
-        {"−22º40′30″", "-22°40'30\""}, {"–1‐2‑3", "-1-2-3"}, {"22˚40’30”", "22°40'30\""}, {"−22 40 30.25", "-22 40 30.25"}, {"22°40'", "22°40'"},
+        {"−22º40′30″", "-22°40'30\""}, {"–1‐2‑3", "-1-2-3"}, {"22˚40’30”", "22°40'30\""}, {"−22 40 30.2500000", "-22 40 30.2500000"}, {"22°40'", "22°40'"},
         {"1\u00A02\u20073\u20094\u200A5\u202F6", "1 2 3 4 5 6"}, {"12ʰ34ᵐ56ˢ", "12h34m56s"},
         {"\xE2\x88 \xFFé\xC2", "\xE2\x88 \xFFé\xC2"}, {"", ""}};
     std::string storage;

@@ -6,14 +6,15 @@ namespace skyvert::rendering_test {
 
 const Locale kComma{",", "."};
 
-std::string renderRA(const std::string& notation, double hours, int decimals) {
-    return RADecFormat(notation + "\t\tN\t" + std::to_string(decimals), kComma).ExportRA(hours);
+/// A coordinate in a notation, with these decimals.
+std::string render(std::string (RADecFormat::*write)(double) const, const std::string& notation,
+                   double value, int decimals) {
+    const std::string rest = "\tN\t" + std::to_string(decimals) + "\t" + std::to_string(decimals);
+    return (RADecFormat(notation + "\t" + notation + rest, kComma).*write)(value);
 }
 
-std::string renderDec(const std::string& notation, double degrees, int decimals) {
-    const std::string text = "\t" + notation + "\tN\t0\t" + std::to_string(decimals);
-    return RADecFormat(text, kComma).ExportDec(degrees);
-}
+constexpr auto kRA = &RADecFormat::ExportRA;
+constexpr auto kDec = &RADecFormat::ExportDec;
 
 TEST(Rendering, EveryNotationOfRightAscensionInTheOrderOffered) {
     const std::array<std::string, 4> cases[] = {
@@ -36,12 +37,12 @@ TEST(Rendering, EveryNotationOfRightAscensionInTheOrderOffered) {
     const std::vector<std::string> offered = RADecFormat::SupportedRAFormats();
     ASSERT_EQ(offered.size(), std::size(cases));
     for (std::size_t i = 0; i < offered.size(); ++i)
-        EXPECT_EQ(cases[i], (std::array{offered[i], renderRA(offered[i], 15.7851, 0),
-                                        renderRA(offered[i], 15.7851, 2),
+        EXPECT_EQ(cases[i], (std::array{offered[i], render(kRA, offered[i], 15.7851, 0),
+                                        render(kRA, offered[i], 15.7851, 2),
                                         RADecFormat(offered[i] + "\t\tY", kComma).RAMask()}));
     EXPECT_EQ(RADecFormat("hh mm", kComma).RAMask(), R"(##\ ##\.99999)") << "not localised";
-    EXPECT_EQ(renderRA("hh:mm", 15.7851, 0), "15:47");
-    EXPECT_EQ(renderRA("HH MM SS.S", 1.0, 0), "Unknown format!");
+    EXPECT_EQ(render(kRA, "hh:mm", 15.7851, 0), "15:47");
+    EXPECT_EQ(render(kRA, "HH MM SS.S", 1.0, 0), "Unknown format!");
     EXPECT_EQ(RADecFormat("none\tnone", kComma).RAMask(), "");
     EXPECT_EQ(RADecFormat("HH:MM:SS\t\tY\t2", kComma).ExportRA(15.7851), "15:47:06,36");
 }
@@ -61,11 +62,11 @@ TEST(Rendering, EveryNotationOfDeclinationInTheOrderOffered) {
     ASSERT_EQ(offered.size(), std::size(cases));
     for (std::size_t i = 0; i < offered.size(); ++i)
         EXPECT_EQ(cases[i],
-                  (std::array{offered[i], renderDec(offered[i], 22.6751, 0),
-                              renderDec(offered[i], 22.6751, 2), renderDec(offered[i], -0.5, 1),
+                  (std::array{offered[i], render(kDec, offered[i], 22.6751, 0),
+                              render(kDec, offered[i], 22.6751, 2), render(kDec, offered[i], -0.5, 1),
                               RADecFormat("\t" + offered[i] + "\tY", kComma).DecMask()}));
     EXPECT_EQ(RADecFormat("\t+ddmm", kComma).DecMask(), R"(&####\.999999)") << "not localised";
-    EXPECT_EQ(renderDec("DD MM", 1.0, 0), "Unknown format!");
+    EXPECT_EQ(render(kDec, "DD MM", 1.0, 0), "Unknown format!");
 }
 
 TEST(Rendering, NothingIsCarriedWrappedOrLimitedAndTheSignIsThatOfTheWholeValue) {
@@ -73,7 +74,7 @@ TEST(Rendering, NothingIsCarriedWrappedOrLimitedAndTheSignIsThatOfTheWholeValue)
     using Case = std::tuple<const char*, double, int, const char*>;
     const Case rightAscensions[] = {
         {"HH MM", 12.99999, 2, "12 60.00"}, {"HH MM SS", 1.2, 2, "01 11 60.00"},
-        {"HH MM SS", 12.999999, 0, "12 59 60"}, {"HH MM SS", 24, 0, "24 00 00"},
+        {"HH MM SS", 12.999999, 0, "12 59 60"}, {"HH MM SS", 24, 0, "24 00 00"}, {"HH MM", 123.5, 0, "123 30"},
         {"DDD MM SS", 24, 0, "360 00 00"}, {"DDD MM SS", 0, 0, "000 00 00"}, {"HH", 0, 0, "0"},
         {"HH", 5.5, 1, "5.5"}, {"HH MM", 1e15, 0, "1000000000000000 00"},
         {"HH MM SS", infinity, 2, "inf nan nan"}};
@@ -84,9 +85,9 @@ TEST(Rendering, NothingIsCarriedWrappedOrLimitedAndTheSignIsThatOfTheWholeValue)
         {"DD", -0.0, 0, "0"}, {"DD", -0.04, 1, "-0.0"}, {"DD", -0.04, 0, "0"},
         {"+DD", 2.5, 0, "+3"}, {"DD", -2.5, 0, "-3"}};
     for (const auto& [notation, value, decimals, text] : rightAscensions)
-        EXPECT_EQ(renderRA(notation, value, decimals), text);
+        EXPECT_EQ(render(kRA, notation, value, decimals), text);
     for (const auto& [notation, value, decimals, text] : declinations)
-        EXPECT_EQ(renderDec(notation, value, decimals), text);
+        EXPECT_EQ(render(kDec, notation, value, decimals), text);
 }
 
 } // namespace skyvert::rendering_test

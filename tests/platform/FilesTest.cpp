@@ -39,7 +39,8 @@ TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
         {"\xFF\xFE\x31\0\xB0\0\r\0\n\0\x32\0"s, "1\u00B0|2|"},
         {"\xFE\xFF\0\x31\0\n\x22\x12\xD8\x3D\xDD\x2D"s, "1|\u2212\U0001F52D|"},
         {"\xFF\xFE=\xD8\0\xDE=\xD8z\0\0\xDCz\0b"s, "\U0001F600\uFFFDz\uFFFDz\uFFFD|"},
-        {"\xFF\xFEz\0=\xD8"s, "z\uFFFD|"}};
+        {"\xFF\xFEz\0=\xD8"s, "z\uFFFD|"},
+        {"\xFE\xFF\x08\0\xD8\0\xD8\0"s, "\u0800\uFFFD\uFFFD|"}};
     for (const auto& [bytes, lines] : cases)
         EXPECT_EQ(linesOf(bytes), lines) << testing::PrintToString(bytes);
 }

@@ -74,6 +74,7 @@ TEST(Layout, TheFocusGoesThroughTheControlsInTheirOrderAndEachHasAName) {
               "raDecimals decDecimals list fileFormat FileImportBtn raManual decManual "
               "ManualEnterBtn DataEntryMask ClearListButton ListFormat ExportListBtn ");
     EXPECT_EQ(shown.find("decManual")->accessibleName(), "Manual Entry: Dec");
+    EXPECT_EQ(shown.find("toEpoch/epochDate")->accessibleName(), "Output Epoch: Date");
 }
 
 TEST(Layout, AFirstStartStandsInTheCentreAndALaterOneWhereTheLastEnded) {

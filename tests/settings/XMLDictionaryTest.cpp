@@ -49,7 +49,7 @@ TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
         {"a\tb <&> \"'\r\n", "<string>a\tb &lt;&amp;&gt; \"'&#13;\n</string>"},
         {"sixteen is plain\0\x1F|\u00E9|\xE9|\x80|\xEF\xBF\xBF|\xED\xA0\x80"s,
          "<string>sixteen is plain\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>"},
-        {"plain for sixteen, but not \xE9", "<string>plain for sixteen, but not \u00E9</string>"},
+        {"plain for sixteen, but \xE9 in the rest", "<string>plain for sixteen, but \u00E9 in the rest</string>"},
         {Color{0x00FF8040}, "<color>#FF8040</color>", "<false/>"},
         {Color{0xFFAB0012}, "<color>#FFAB0012</color>", "<false/>"},
         {Color{}, "<color>#0</color>", "<false/>"}, {std::make_shared<Object>(), "<null/>", "<false/>"},

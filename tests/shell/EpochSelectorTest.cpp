@@ -66,7 +66,8 @@ TEST_F(EpochSelectorTest, SelectsTheRowOfAnAssignedDayWithoutAnEvent) {
         {{1950, 1, 1}, "B1950.0", "", "2000-01-01"}, {{2000, 1, 1}, "J2000.0", "", "2000-01-01"},
         {{2050, 1, 1}, "J2050.0", "", "2000-01-01"},
         {{2026, 11, 16}, "JNow", "2026,9", "2000-01-01"},
-        {{1987, 3, 15}, "Other", "1987,2", "1987-03-15"}};
+        {{1987, 3, 15}, "Other", "1987,2", "1987-03-15"},
+        {{1991, 4, 2}, "Other", "1991,2", "1991-04-02"}};
     for (const auto& [date, name, helpTag, shown] : cases) {
         selector.setEpoch(date);
         EXPECT_EQ(row(), name);

@@ -22,26 +22,6 @@ TEST_F(ConversionTest, ARowHoldsThePositionInBothNotationsAndIsSelected) {
     EXPECT_EQ(main.list.selection(), (std::vector<RowRange>{{3, 3}}));
 }
 
-TEST_F(ConversionTest, TextThatDoesNotParseOrFitStillMakesARow) {
-    const std::string huge(400, '9');
-
-    const std::array<std::string, 3> lines[] = {{kColons, "", ""},
-                                                {kColons, "abc", "-"}, {kColons, "25:61:61", "-91"},
-                                                {"none\tnone", "1", "1"},
-                                                {"HH\tDD\tN\t0\t0", "1e9", "-0.4"},
-                                                {"HH MM\tDD\tN\t1\t1", huge, "-" + huge}};
-
-    for (const auto& [format, ra, dec] : lines) {
-        program.setFormats(format, "HH MM\t+DD MM\tN\t1\t1");
-        main.ConvertCoordinates(ra, dec);
-    }
-    EXPECT_EQ(program.rows(2), "00:00:00.00|+00:00:00.0|;00:00:00.00|+00:00:00.0|;"
-                               "26:02:01.00|-91:00:00.0|;Unknown format!|Unknown format!|;"
-                               "1|0|;inf nan|-inf|;");
-    EXPECT_TRUE(program.rows().ends_with("|nan nan|+nan nan|;"));
-    EXPECT_EQ(program.machine.dialogs.messages, "");
-}
-
 TEST_F(ConversionTest, ASelectorReachesHeadingsAndLaterRowsOnly) {
     program.setFormats(kColons, "HH:MM:SS\t+DD:MM:SS\tN\t0\t0");
     main.ConvertCoordinates("12:30", "-0:30");

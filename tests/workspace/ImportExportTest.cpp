@@ -44,7 +44,7 @@ TEST_F(ImportExportTest, EveryLineBecomesARow) {
         {"Comma-separated", "1:2:3 , \"-4:5:6\",x\n10,20\n10,20\n", first + second + second},
         {"Tab-separated", "RA\tDec\n\t\n10\t20\n1", zero + zero + second + "01:00:00|+00:00:00|;"},
         {"Tab-separated", "\n   \n\r\n", ""}, {"Comma-separated", "\n  \n", ""},
-        {"none", "1\t2\n3,4\n", ""}, {"Tab-separated", "1:2:3\t\u2212\u00A04:5:6\n", first}};
+        {"Tab-separated", "25:61:61\t-91", "26:02:01|-91:00:00|;"}, {"none", "1\t2\n3,4\n", ""}, {"Tab-separated", "1:2:3\t\u2212\u00A04:5:6\n", first}};
 
     for (const auto& [dialect, bytes, rows] : cases)
         EXPECT_EQ(import(dialect, bytes), rows) << bytes;
