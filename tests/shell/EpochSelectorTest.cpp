@@ -32,8 +32,8 @@ TEST_F(EpochSelectorTest, RestoresASelection) {
         {R"({"epochPopup":1,)" + date, "B1950.0", "1950-01-01", 2433282.5, ""},
         {R"({"epochPopup":3})", "J2050.0", "2050-01-01", 2469807.5, R"({"epochPopup":3,)" + today},
         {R"({"epochPopup":4,)" + date, "JNow", "2026-11-16", 2461360.5, ""},
-        {R"({"epochPopup":5,)" + date, "Other", "1987-03-15", 2446869.5, ""},
-        {R"({"epochPopup":-1,)" + date, "", "1987-03-15", 2446869.5, ""}};
+        {R"({"epochPopup":-1,)" + date, "", "1987-03-15", 2446869.5, ""},
+        {R"({"epochPopup":5,)" + date, "Other", "1987-03-15", 2446869.5, ""}};
     for (const auto& [stored, name, day, julianDate, serialised] : cases) {
         selector.setSerialised(stored);
         EXPECT_EQ(row(), name);
