@@ -1,8 +1,8 @@
 #include "qt/MainWindowView.h"
 
 #include "platform/SettingGuard.h"
-#include "qt/ControlViews.h"
 #include "qt/MenuBarView.h"
+#include "qt/QtText.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -7,20 +7,32 @@
 
 namespace skyvert::controls_test {
 
+/// A view that notes what it is asked for, and the text that it would show.
+struct LoggingView : ControlView {
+    explicit LoggingView(TextField& field) : field(field) { field.setView(this); }
+
+    void refresh() override { log += "view " + field.text() + "|"; }
+
+    void takeFocus() override { log += "focus|"; }
+
+    TextField& field;
+    std::string log;
+};
+
 TEST(Controls, AnAssignmentStoresThenShowsThenRunsTheEvent) {
-    TextField field({.name = "field", .text = "xxx"});
+    TextField field({.name = "field", .text = "old"});
     LoggingView view(field);
     field.TextChange = [&](TextField& sender) {
         view.log += "event " + sender.text() + "|";
         if (sender.text() == "1")
             sender.setText("+");
     };
-    field.setText("xxx");
+    field.setText("old");
     field.setText("1");
     field.SetFocus();
     field.setView(nullptr);
     field.setText("2");
-    EXPECT_EQ(view.log, "view xxx|view 1|event 1|view +|event +|focus|event 2|");
+    EXPECT_EQ(view.log, "view old|view 1|event 1|view +|event +|focus|event 2|");
 }
 
 TEST(Controls, EventsRunOnlyForAChange) {

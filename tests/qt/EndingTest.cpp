@@ -4,7 +4,6 @@
 #include "qt/UnixSignals.h"
 
 #include <QComboBox>
-#include <QMessageBox>
 #include <QTimer>
 #include <gtest/gtest.h>
 

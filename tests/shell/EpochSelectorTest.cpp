@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace skyvert::epoch_selector_test {
 
 struct EpochSelectorTest : testing::Test {

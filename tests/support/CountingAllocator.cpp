@@ -1,3 +1,5 @@
+#include "support/CountingAllocator.h"
+
 #include <cstdlib>
 #include <new>
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Controls.h"
 #include "platform/Desktop.h"
 
 #include <cmath>
@@ -97,20 +96,6 @@ struct TestDesktop {
     ScriptedDialogs dialogs;
     LoggedProgress progress;
     Desktop desktop{locale, clock, scheduler, dialogs, progress};
-};
-
-/// A view that notes what it is asked for, and the text that it would show.
-struct LoggingView : ControlView {
-    explicit LoggingView(TextField& field) : field(field) { field.setView(this); }
-
-    ~LoggingView() override { field.setView(nullptr); }
-
-    void refresh() override { log += "view " + field.text() + "|"; }
-
-    void takeFocus() override { log += "focus|"; }
-
-    TextField& field;
-    std::string log;
 };
 
 /// A folder of its own that goes with the object.

@@ -1,9 +1,7 @@
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "support/CountingAllocator.h"
 #include "support/TestWindow.h"
-
-/// The number of allocations so far: see support/CountingAllocator.cpp.
-std::size_t allocationCount();
 
 namespace skyvert::import_export_test {
 
