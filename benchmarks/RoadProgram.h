@@ -31,11 +31,13 @@ public:
 
 class NoProgress : public Progress {
 public:
-    void begin(std::string_view /*what*/) override {}
+    void begin(std::string_view /*what*/, StoppedBy /*stoppedBy*/) override {}
 
-    void report(std::int64_t /*rows*/, double /*fraction*/) override {}
+    bool report(std::int64_t /*rows*/, double /*fraction*/) override { return true; }
 
     void end() override {}
+
+    bool isWorking() const override { return false; }
 };
 
 /// A format from its text form with ";" in place of tabs.

@@ -1,24 +1,36 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 namespace skyvert {
 
-/// Shows how far long work has come. The work runs inside a handler, so whoever implements this
-/// paints what it shows and lets no other handler run.
+/// What may end long work before its last row.
+enum class StoppedBy {
+    Nobody,     ///< runs to its end
+    ProgramEnd, ///< ends with the program, and only with it
+    User,       ///< ends when the user stops it, and with the program
+};
+
+/// Shows how far long work has come, and hears when it is to stop. The work runs inside a handler,
+/// so an implementation that processes events lets no other handler run before the work has ended.
 class Progress {
 public:
     virtual ~Progress() = default;
 
     /// Work begins; `what` says which, for instance "Importing". Most work is over in no time: it
     /// is up to the display when to show something.
-    virtual void begin(std::string_view what) = 0;
+    virtual void begin(std::string_view what, StoppedBy stoppedBy) = 0;
 
-    /// `rows` are done, and of the whole work the part `fraction`, from 0 to 1.
-    virtual void report(std::int64_t rows, double fraction) = 0;
+    /// `rows` are done, and of the whole work the part `fraction`, from 0 to 1. Returns false when
+    /// the work is to stop here.
+    virtual bool report(std::int64_t rows, double fraction) = 0;
 
     virtual void end() = 0;
+
+    /// True from `begin` to `end`.
+    virtual bool isWorking() const = 0;
 };
 
 /// How much of `count` rows is done with the row of an index.
@@ -29,8 +41,8 @@ constexpr double partOf(std::int64_t row, std::int64_t count) {
 /// Work on many rows, from its construction to its destruction.
 class RowWork {
 public:
-    RowWork(Progress& progress, std::string_view what) : progress_(progress) {
-        progress_.begin(what);
+    RowWork(Progress& progress, std::string_view what, StoppedBy stoppedBy) : progress_(progress) {
+        progress_.begin(what, stoppedBy);
     }
 
     ~RowWork() { progress_.end(); }
@@ -38,19 +50,26 @@ public:
     RowWork(const RowWork&) = delete;
     RowWork& operator=(const RowWork&) = delete;
 
-    /// Counts a row. `fraction` gives the part that is done of the whole; it is asked for now and
-    /// then only.
+    /// Counts a row that took `bytes` of text, so that long rows are reported as often as many
+    /// short ones. `fraction` gives the part that is done of the whole; it is called only for a
+    /// report. Returns false when the work is to stop here.
     template <typename Fraction>
-    void rowDone(const Fraction& fraction) {
-        if (++rows_ % kRowsBetweenReports == 0)
-            progress_.report(rows_, fraction());
+    bool rowDone(const Fraction& fraction, std::size_t bytes = 0) {
+        ++rows_;
+        sinceReport_ += 1 + bytes / kBytesOfARow;
+        if (sinceReport_ < kRowsBetweenReports)
+            return true;
+        sinceReport_ = 0;
+        return progress_.report(rows_, fraction());
     }
 
 private:
-    static constexpr std::int64_t kRowsBetweenReports = 4096;
+    static constexpr std::size_t kRowsBetweenReports = 4096;
+    static constexpr std::size_t kBytesOfARow = 256;
 
     Progress& progress_;
     std::int64_t rows_ = 0;
+    std::size_t sinceReport_ = 0;
 };
 
 } // namespace skyvert

@@ -12,7 +12,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStringListModel>
+#include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <utility>
 
@@ -49,8 +51,14 @@ protected:
     /// Pulls the state that this kind of control has of its own.
     virtual void mirror() {}
 
-    /// Runs what a person has set off.
-    void act(const std::function<void()>& handler) { dispatch(desktop_.dialogs, handler); }
+    /// Runs what a person has set off. While long work processes events, it waits until the work
+    /// has ended.
+    void act(const std::function<void()>& handler) {
+        if (desktop_.progress.isWorking())
+            QTimer::singleShot(kRetryDelay, this, [this, handler] { act(handler); });
+        else
+            dispatch(desktop_.dialogs, handler);
+    }
 
     ControlType& control() { return control_; }
 
@@ -59,6 +67,8 @@ protected:
     const Desktop& desktop() const { return desktop_; }
 
 private:
+    static constexpr std::chrono::milliseconds kRetryDelay{20};
+
     ControlType& control_;
     const Desktop& desktop_;
 };

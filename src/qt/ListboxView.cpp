@@ -84,7 +84,7 @@ ListboxView::ListboxView(Listbox& control, const Desktop& desktop, QWidget* pare
     : WidgetView(control, desktop, parent), model_(new ListboxModel(control, this)),
       due_(new QTimer(this)) {
     due_->setSingleShot(true);
-    connect(due_, &QTimer::timeout, this, [this] { flush(); });
+    connect(due_, &QTimer::timeout, this, [this] { act([this] { flush(); }); });
     setModel(model_);
     setItemDelegate(new CellDelegate(control, this));
     setUpHeaders(*this);

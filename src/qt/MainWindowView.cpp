@@ -116,6 +116,13 @@ void MainWindowView::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+void MainWindowView::comeToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
 void MainWindowView::closeAll() {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
         if (widget != this && widget->isVisible())

@@ -22,6 +22,9 @@ public:
     /// at whatever moment it is told to end.
     void closeAll();
 
+    /// Shows the window above all others, and gives it the keyboard.
+    void comeToFront();
+
     void refresh() override;
 
 protected:

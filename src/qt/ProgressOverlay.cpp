@@ -2,17 +2,63 @@
 
 #include "qt/QtText.h"
 
+#include <QAction>
+#include <QCoreApplication>
 #include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <algorithm>
+#include <array>
+#include <utility>
 
 namespace skyvert {
 
 namespace {
 
 constexpr qint64 kPatienceMilliseconds = 500;
-constexpr qint64 kRepaintMilliseconds = 100;
-constexpr int kWidth = 420;
-constexpr int kHeight = 28;
+constexpr qint64 kUpdateMilliseconds = 100;
+constexpr int kWidthInCharacters = 60;
 constexpr int kSteps = 1000;
+
+/// What a person does with mouse, keyboard, touch or a dragged object.
+constexpr std::array kInputs{QEvent::MouseButtonPress,
+                             QEvent::MouseButtonRelease,
+                             QEvent::MouseButtonDblClick,
+                             QEvent::MouseMove,
+                             QEvent::Wheel,
+                             QEvent::KeyPress,
+                             QEvent::KeyRelease,
+                             QEvent::Shortcut,
+                             QEvent::ShortcutOverride,
+                             QEvent::InputMethod,
+                             QEvent::ContextMenu,
+                             QEvent::TabletPress,
+                             QEvent::TabletMove,
+                             QEvent::TabletRelease,
+                             QEvent::TouchBegin,
+                             QEvent::TouchUpdate,
+                             QEvent::TouchEnd,
+                             QEvent::NativeGesture,
+                             QEvent::DragEnter,
+                             QEvent::DragMove,
+                             QEvent::Drop};
+
+bool isInput(QEvent::Type type) {
+    return std::find(kInputs.begin(), kInputs.end(), type) != kInputs.end();
+}
+
+bool isEscape(const QEvent& event) {
+    return event.type() == QEvent::KeyPress &&
+           static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+}
+
+bool isQuit(const QObject* object) {
+    const auto* const action = qobject_cast<const QAction*>(object);
+    return action != nullptr && action->menuRole() == QAction::QuitRole;
+}
 
 } // namespace
 
@@ -20,49 +66,101 @@ ProgressOverlay::~ProgressOverlay() {
     disappear();
 }
 
-void ProgressOverlay::begin(std::string_view what) {
+void ProgressOverlay::begin(std::string_view what, StoppedBy stoppedBy) {
     what_ = toQString(what);
+    stoppedBy_ = stoppedBy;
+    working_ = true;
+    stopped_ = false;
     sinceBegin_.start();
 }
 
-void ProgressOverlay::appear() {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    bar_ = new QProgressBar(window_);
-    bar_->setObjectName("progress");
-    bar_->setRange(0, kSteps);
-    bar_->setAlignment(Qt::AlignCenter);
-    bar_->setAutoFillBackground(true);
-    bar_->setGeometry((window_->width() - kWidth) / 2, (window_->height() - kHeight) / 2, kWidth,
-                      kHeight);
-    bar_->show();
-    // Where the dialog stood that the work began with, its picture would stay for as long.
-    for (QWidget* const widget : window_->findChildren<QWidget*>())
-        widget->repaint();
-    sincePainted_.invalidate();
-}
-
-void ProgressOverlay::report(std::int64_t rows, double fraction) {
+bool ProgressOverlay::report(std::int64_t rows, double fraction) {
     if (!window_ || sinceBegin_.elapsed() < kPatienceMilliseconds)
-        return;
-    if (!bar_)
+        return true;
+    if (!frame_)
         appear();
-    if (sincePainted_.isValid() && sincePainted_.elapsed() < kRepaintMilliseconds)
-        return;
+    if (sinceShown_.isValid() && sinceShown_.elapsed() < kUpdateMilliseconds)
+        return !stopped_;
     bar_->setFormat(QString("%1: %2 rows, %p %").arg(what_).arg(rows));
     bar_->setValue(static_cast<int>(fraction * kSteps));
-    bar_->repaint();
-    sincePainted_.start();
+    QCoreApplication::processEvents();
+    sinceShown_.start();
+    return !stopped_;
 }
 
 void ProgressOverlay::end() {
     disappear();
+    working_ = false;
+    if (std::exchange(closing_, false))
+        closeWindowLater();
+}
+
+/// The handler that the work runs in comes to its end first.
+void ProgressOverlay::closeWindowLater() {
+    QMetaObject::invokeMethod(window_, &QWidget::close, Qt::QueuedConnection);
+}
+
+void ProgressOverlay::appear() {
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    frame_ = new QFrame(window_);
+    frame_->setFrameShape(QFrame::StyledPanel);
+    frame_->setAutoFillBackground(true);
+    auto* const row = new QHBoxLayout(frame_);
+    bar_ = new QProgressBar;
+    bar_->setObjectName("progress");
+    bar_->setRange(0, kSteps);
+    bar_->setAlignment(Qt::AlignCenter);
+    row->addWidget(bar_);
+    if (stoppedBy_ == StoppedBy::User) {
+        auto* const button = new QPushButton("Stop");
+        button->setObjectName("stop");
+        button->setFocusPolicy(Qt::NoFocus); // the focus is where it was when the work has ended
+        button->setToolTip("Esc");
+        connect(button, &QPushButton::clicked, this, [this] { stop(StoppedBy::User); });
+        row->addWidget(button);
+    }
+    frame_->resize(window_->fontMetrics().averageCharWidth() * kWidthInCharacters,
+                   frame_->sizeHint().height());
+    frame_->move(window_->rect().center() - frame_->rect().center());
+    frame_->show();
+    sinceShown_.invalidate();
+    qApp->installEventFilter(this);
 }
 
 void ProgressOverlay::disappear() {
-    if (!bar_)
+    if (!frame_)
         return;
-    delete bar_.data();
+    qApp->removeEventFilter(this);
+    delete frame_.data();
     QGuiApplication::restoreOverrideCursor();
+}
+
+void ProgressOverlay::stop(StoppedBy by) {
+    stopped_ = stopped_ || by <= stoppedBy_;
+}
+
+bool ProgressOverlay::belongsToFrame(const QObject* object) const {
+    for (; object != nullptr; object = object->parent()) {
+        if (object == frame_)
+            return true;
+    }
+    return false;
+}
+
+bool ProgressOverlay::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Close && watched == window_) {
+        event->ignore();
+        closing_ = stoppedBy_ != StoppedBy::Nobody;
+        stop(StoppedBy::ProgramEnd);
+        return true;
+    }
+    if (!isInput(event->type()) || isQuit(watched))
+        return false;
+    if (isEscape(*event))
+        stop(StoppedBy::User);
+    // What is meant for the window as a whole goes on to the widget that it is for.
+    const bool isKey = dynamic_cast<const QKeyEvent*>(event) != nullptr;
+    return isKey || !(watched->isWindowType() || belongsToFrame(watched));
 }
 
 } // namespace skyvert

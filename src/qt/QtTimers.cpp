@@ -8,6 +8,8 @@ namespace skyvert {
 
 namespace {
 
+constexpr std::chrono::milliseconds kRetryDelay{20};
+
 class QtAlarm final : public Alarm {
 public:
     explicit QtAlarm(QTimer* timer) : timer_(timer) {}
@@ -29,8 +31,12 @@ std::unique_ptr<Alarm> QtScheduler::after(std::chrono::milliseconds delay,
     auto* const timer = new QTimer(&timers_);
     timer->setSingleShot(true);
     timer->setTimerType(Qt::PreciseTimer);
-    QObject::connect(timer, &QTimer::timeout, timer,
-                     [this, due = std::move(due)] { dispatch(dialogs_, due); });
+    QObject::connect(timer, &QTimer::timeout, timer, [this, timer, due = std::move(due)] {
+        if (progress_.isWorking())
+            timer->start(kRetryDelay);
+        else
+            dispatch(dialogs_, due);
+    });
     timer->start(delay);
     return std::make_unique<QtAlarm>(timer);
 }

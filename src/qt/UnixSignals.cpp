@@ -9,6 +9,8 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <fcntl.h>
+#include <span>
 #include <sys/socket.h>
 #include <system_error>
 #include <unistd.h>
@@ -17,51 +19,64 @@ namespace skyvert {
 
 namespace {
 
-constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array kEndings{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array kFailedWrites{SIGPIPE, SIGXFSZ};
 
 // A signal handler is given nothing but the signal's number, so the two ends of the socket that it
 // writes to have to stand where it can find them.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::array<int, 2> ends{-1, -1};
 
-/// Only what is safe inside a signal handler: one byte wakes the event loop.
-void onSignal(int /*signal*/) {
+/// Only what is safe inside a signal handler: one byte wakes the event loop. When the socket is
+/// full of them, one more is not needed.
+void wakeEventLoop(int /*signal*/) {
     const int error = errno;
     [[maybe_unused]] const ssize_t written = write(ends[0], "", 1);
     errno = error;
 }
 
-void handleSignals(void (*handler)(int)) {
+void handleSignals(std::span<const int> numbers, void (*handler)(int)) {
     struct sigaction action {};
 
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    for (const int signal : kSignals)
-        sigaction(signal, &action, nullptr);
+    for (const int number : numbers)
+        sigaction(number, &action, nullptr);
 }
 
 void drain() {
-    char byte = 0;
-    [[maybe_unused]] const ssize_t taken = read(ends[1], &byte, 1);
+    std::array<char, 64> bytes{};
+    while (read(ends[1], bytes.data(), bytes.size()) > 0) {
+    }
 }
 
 } // namespace
 
-UnixSignals::UnixSignals(std::function<void()> asked) : asked_(std::move(asked)) {
+UnixSignals::UnixSignals() {
     if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0)
         throw std::system_error(errno, std::generic_category(), "socketpair");
-    auto* const notifier = new QSocketNotifier(ends[1], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [this] {
+    for (const int end : ends)
+        fcntl(end, F_SETFL, O_NONBLOCK);
+    notifier_ = new QSocketNotifier(ends[1], QSocketNotifier::Read, this);
+    notifier_->setEnabled(false);
+    connect(notifier_, &QSocketNotifier::activated, this, [this] {
         drain();
         asked_();
     });
-    handleSignals(&onSignal);
+    handleSignals(kEndings, &wakeEventLoop);
+    handleSignals(kFailedWrites, SIG_IGN);
 }
 
 UnixSignals::~UnixSignals() {
-    handleSignals(SIG_DFL);
+    handleSignals(kEndings, SIG_DFL);
+    handleSignals(kFailedWrites, SIG_DFL);
     for (const int end : ends)
         close(end);
+}
+
+void UnixSignals::onSignal(std::function<void()> asked) {
+    asked_ = std::move(asked);
+    notifier_->setEnabled(static_cast<bool>(asked_));
 }
 
 } // namespace skyvert
@@ -70,9 +85,13 @@ UnixSignals::~UnixSignals() {
 
 namespace skyvert {
 
-UnixSignals::UnixSignals(std::function<void()> asked) : asked_(std::move(asked)) {}
+UnixSignals::UnixSignals() = default;
 
 UnixSignals::~UnixSignals() = default;
+
+void UnixSignals::onSignal(std::function<void()> asked) {
+    asked_ = std::move(asked);
+}
 
 } // namespace skyvert
 

@@ -3,6 +3,7 @@
 #include "qt/QtDialogs.h"
 #include "qt/QtText.h"
 #include "qt/QtTimers.h"
+#include "qt/RunningCopy.h"
 #include "qt/UnixSignals.h"
 
 #include <QApplication>
@@ -11,6 +12,8 @@
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyleFactory>
+
+#include <cstdlib>
 
 using namespace skyvert;
 
@@ -55,17 +58,43 @@ QIcon windowIcon() {
     return icon;
 }
 
+/// What the system and other copies of the program tell this one.
+struct Outside {
+    UnixSignals& unixSignals;
+    RunningCopy& runningCopy;
+};
+
 /// The window's life. Returns the exit code of the event loop.
-int runWindow(App& app, ProgressOverlay& progress) {
+int runWindow(App& app, ProgressOverlay& progress, const Outside& outside) {
     MainWindow window(app);
     MainWindowView view(window, app);
-    const UnixSignals unixSignals([&view] { view.closeAll(); });
+    outside.unixSignals.onSignal([&view] { view.closeAll(); });
+    outside.runningCopy.onRequest([&view] { view.comeToFront(); });
     progress.setWindow(&view);
     view.open();
     const int code = QApplication::exec();
     // Whatever ended the event loop: the close handlers have run when this is over.
     view.close();
+    outside.unixSignals.onSignal({});
+    outside.runningCopy.onRequest({});
     return code;
+}
+
+/// The life of a copy that may use the settings.
+int run(App& app, ProgressOverlay& progress, const Outside& outside) {
+    Dialogs& dialogs = app.desktop().dialogs;
+    dispatch(dialogs, [&app] { app.Event_Open(); });
+    const int code = runWindow(app, progress, outside);
+    dispatch(dialogs, [&app] { app.Event_Close(); });
+    return code;
+}
+
+/// The end of a copy that may not. Returns the exit code.
+int refuse(const RunningCopy& copy, RunningCopy::Refusal refusal, Dialogs& dialogs) {
+    if (refusal == RunningCopy::Refusal::OtherCopyShown)
+        return EXIT_SUCCESS;
+    dialogs.MsgBox(copy.explanation(refusal));
+    return EXIT_FAILURE;
 }
 
 } // namespace
@@ -79,16 +108,17 @@ int main(int argc, char* argv[]) {
     const Locale locale = systemLocale();
     const SystemClock clock;
     QtDialogs dialogs;
-    QtScheduler scheduler(dialogs);
     ProgressOverlay progress;
+    QtScheduler scheduler(dialogs, progress);
     const Desktop desktop{locale, clock, scheduler, dialogs, progress};
     App app(desktop, applicationData());
     app.onQuit = [](int code) { QApplication::exit(code); };
     QApplication::setApplicationName("Skyvert");
     QApplication::setApplicationVersion(toQString(app.version().Version));
 
-    dispatch(dialogs, [&app] { app.Event_Open(); });
-    const int code = runWindow(app, progress);
-    dispatch(dialogs, [&app] { app.Event_Close(); });
-    return code;
+    UnixSignals unixSignals;
+    RunningCopy copy(app.settingsFolder());
+    if (const auto refusal = copy.acquire())
+        return refuse(copy, *refusal, dialogs);
+    return run(app, progress, {unixSignals, copy});
 }

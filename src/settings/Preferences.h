@@ -3,6 +3,7 @@
 #include "platform/Dictionary.h"
 #include "platform/Variant.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -31,6 +32,9 @@ public:
 
     /// Writes the file if there is something to write. To be called once, at the end.
     virtual void Close();
+
+    /// The number of stored values.
+    std::int64_t Count() const { return static_cast<std::int64_t>(prefs_->Count()); }
 
     /// True once a value differs from what was loaded.
     bool changed() const { return changed_; }

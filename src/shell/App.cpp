@@ -10,7 +10,7 @@ App::App(const Desktop& desktop, std::filesystem::path applicationData)
     : desktop_(desktop), applicationData_(std::move(applicationData)) {}
 
 void App::Event_Open() {
-    prefs_.emplace(applicationData_, "Skyvert", "Preferences.xml");
+    prefs_.emplace(applicationData_, kSettingsFolder, "Preferences.xml");
 }
 
 void App::Event_Close() {

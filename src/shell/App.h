@@ -42,6 +42,9 @@ public:
     /// close event.
     Preferences& prefs() { return prefs_.value(); }
 
+    /// The folder that holds the settings file.
+    std::filesystem::path settingsFolder() const { return applicationData_ / kSettingsFolder; }
+
     const Desktop& desktop() const { return desktop_; }
 
     const VersionData& version() const { return version_; }
@@ -55,6 +58,8 @@ public:
     std::function<void(int code)> onQuit;
 
 private:
+    static constexpr std::string_view kSettingsFolder = "Skyvert";
+
     const Desktop& desktop_;
     std::filesystem::path applicationData_;
     std::optional<Preferences> prefs_;

@@ -24,10 +24,12 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
     if (!file || isClosed())
         return;
     TextInputStream stream = TextInputStream::Open(*file);
-    RowWork work(app_.desktop().progress, "Importing");
-    while (!stream.endOfFile()) {
-        importLine(stream.ReadLine());
-        work.rowDone([&stream] { return stream.fractionRead(); });
+    RowWork work(app_.desktop().progress, "Importing", StoppedBy::User);
+    const auto fraction = [&stream] { return stream.fractionRead(); };
+    for (bool goesOn = true; goesOn && !stream.endOfFile();) {
+        const std::string_view line = stream.ReadLine();
+        importLine(line);
+        goesOn = work.rowDone(fraction, line.size());
     }
     stream.Close();
 }

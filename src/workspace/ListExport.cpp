@@ -11,10 +11,11 @@ void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
     if (!file || isClosed())
         return;
     TextOutputStream stream = TextOutputStream::Create(*file);
-    RowWork work(app_.desktop().progress, "Exporting");
+    RowWork work(app_.desktop().progress, "Exporting", StoppedBy::User);
     for (std::int64_t row = -1; row < list.RowCount(); ++row) {
         exportRow(row, stream);
-        work.rowDone([&] { return partOf(row, list.RowCount()); });
+        if (!work.rowDone([&] { return partOf(row, list.RowCount()); }))
+            return; // the stream leaves the old file in its place
     }
     stream.Close();
 }

@@ -114,18 +114,19 @@ private:
 
     void wireHandlers();
 
-    Preferences& prefs() { return app_.prefs(); }
+    Preferences& prefs() const { return app_.prefs(); }
 
     const Precession& precession();
     void importLine(std::string_view line);
     void exportRow(std::int64_t row, TextOutputStream& stream);
     bool refusesSpaces(const Popup& dialect, const FormatSelector& format);
     bool wantsSign(const TextField& field) const;
-    void restoreRowsIfDue();
+    std::int64_t storedRowCount() const;
     void restoreEpoch(EpochSelector& selector, std::string_view key);
     void restoreFormat(FormatSelector& selector, std::string_view key, std::string_view standard);
 
     App& app_;
+    bool restored_ = false; ///< whether all stored rows have come back
     LineSplitter lines_;
     std::optional<Precession> precession_;
     EpochPair precessionEpochs_; ///< what `precession_` was made for

@@ -18,8 +18,9 @@ constexpr std::string_view kRowCountKey = "nContents";
 constexpr std::string_view kRightAscensionKey = "Contents.RA.";
 constexpr std::string_view kDeclinationKey = "Contents.Dec.";
 
-/// More rows than a list can have had: a number beyond it has been damaged and counts as missing.
-constexpr std::int64_t kMostRows = 100'000'000;
+/// How many rows the stored number may count beyond all entries of the settings. A row has two
+/// entries, and those that are missing read as 0.0.
+constexpr std::int64_t kMostMissingRows = 1000;
 
 /// The key of one stored cell: a prefix and the row's number. Keeps its room from row to row.
 class RowKey {
@@ -65,33 +66,44 @@ void MainWindow::Event_Open() {
 }
 
 void MainWindow::Event_Close() {
-    restoreRowsIfDue();
+    FormatChangeTimer.setMode(Timer::Mode::Off);
+    OpenTimer.setMode(Timer::Mode::Off);
     for (const auto& [key, get, set] : kGeometryKeys)
         prefs().setValue(key, std::to_string((this->*get)()));
-    SaveContents();
+    // Stored rows that have not all come back stay as they are.
+    if (restored_)
+        SaveContents();
     app_.Quit(0);
-}
-
-/// A window that closes before its stored rows have come back would store an empty list in their
-/// place: it lets them come first. Nothing falls due behind this.
-void MainWindow::restoreRowsIfDue() {
-    FormatChangeTimer.setMode(Timer::Mode::Off);
-    if (OpenTimer.mode() == Timer::Mode::Off)
-        return;
-    OpenTimer.setMode(Timer::Mode::Off);
-    LoadContents();
 }
 
 void MainWindow::SaveContents() {
     prefs().setValue(kRowCountKey, list.RowCount());
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
-    RowWork work(app_.desktop().progress, "Saving");
+    RowWork work(app_.desktop().progress, "Saving", StoppedBy::Nobody);
     for (std::int64_t row = 0; row <= list.LastIndex(); ++row) {
         prefs().setValue(raKey.of(row), list.Cell(row, 0));
         prefs().setValue(decKey.of(row), list.Cell(row, 1));
         work.rowDone([&] { return partOf(row, list.RowCount()); });
     }
+}
+
+/// The number of rows to restore. A stored number that the settings cannot have been written with
+/// is damaged: then it is the number of rows up to the last one stored.
+std::int64_t MainWindow::storedRowCount() const {
+    const std::int64_t entries = prefs().Count();
+    std::int64_t count = prefs().Value(kRowCountKey, std::int64_t{0}).integerValue();
+    if (count <= entries + kMostMissingRows)
+        return count;
+    RowKey raKey(kRightAscensionKey);
+    RowKey decKey(kDeclinationKey);
+    const auto isStored = [&](std::int64_t row) {
+        return !prefs().Value(raKey.of(row), {}).isNil() ||
+               !prefs().Value(decKey.of(row), {}).isNil();
+    };
+    for (count = entries; count > 0 && !isStored(count - 1);)
+        --count;
+    return count;
 }
 
 void MainWindow::OpenTimer_Action(Timer& /*sender*/) {
@@ -100,18 +112,19 @@ void MainWindow::OpenTimer_Action(Timer& /*sender*/) {
 
 void MainWindow::LoadContents() {
     list.DeleteAllRows();
-    const std::int64_t stored = prefs().Value(kRowCountKey, std::int64_t{0}).integerValue();
-    const std::int64_t count = stored <= kMostRows ? stored : 0;
+    const std::int64_t count = storedRowCount();
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
-    RowWork work(app_.desktop().progress, "Restoring");
-    for (std::int64_t row = 0; row < count; ++row) {
+    RowWork work(app_.desktop().progress, "Restoring", StoppedBy::ProgramEnd);
+    bool goesOn = true;
+    for (std::int64_t row = 0; goesOn && row < count; ++row) {
         // In the order in which they were stored, which is the fastest to find them in.
         const std::string ra = prefs().Value(raKey.of(row), 0.0).stringValue();
         const std::string dec = prefs().Value(decKey.of(row), 0.0).stringValue();
         ConvertCoordinates(ra, dec);
-        work.rowDone([&] { return partOf(row, count); });
+        goesOn = work.rowDone([&] { return partOf(row, count); });
     }
+    restored_ = goesOn;
     EpochChange();
 }
 

@@ -53,7 +53,8 @@ TEST(Ending, ASignalEndsInOrderWhateverIsOpen) {
                 ++closings;
                 QCoreApplication::exit(code);
             };
-            const UnixSignals unixSignals([&] { shown.view.closeAll(); });
+            UnixSignals unixSignals;
+            unixSignals.onSignal([&] { shown.view.closeAll(); });
             shown.open();
             QTimer::singleShot(0, [&] { thing.open(shown); });
             QTimer::singleShot(20ms, [&] { std::raise(signal); });
@@ -67,7 +68,8 @@ TEST(Ending, ASignalEndsInOrderWhateverIsOpen) {
 
 TEST(QtTimers, AnAlarmRingsOnceUnlessItIsCalledOffAndMayGoWhileItRings) {
     ScriptedDialogs dialogs;
-    QtScheduler scheduler(dialogs);
+    const LoggedProgress idle;
+    QtScheduler scheduler(dialogs, idle);
     int rings = 0;
     std::unique_ptr<Alarm> spent = scheduler.after(1ms, [&] {
         spent.reset();

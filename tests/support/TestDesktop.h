@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <filesystem>
+#include <limits>
 #include <map>
 #include <random>
 #include <string>
@@ -73,17 +74,30 @@ struct ScriptedDialogs : Dialogs {
     std::string messages;
 };
 
-/// Notes what it is told, each piece ended by "|".
+/// Notes what it is told, each piece ended by "|", and stops work at a number of rows.
 struct LoggedProgress : Progress {
-    void begin(std::string_view what) override { log.append(what).append("|"); }
-
-    void report(std::int64_t rows, double fraction) override {
-        log += std::to_string(rows) + " " + std::to_string(std::lround(100 * fraction)) + "%|";
+    void begin(std::string_view what, StoppedBy by) override {
+        log.append(what).append("|");
+        stoppedBy = by;
+        working = true;
     }
 
-    void end() override { log += "end|"; }
+    bool report(std::int64_t rows, double fraction) override {
+        log += std::to_string(rows) + " " + std::to_string(std::lround(100 * fraction)) + "%|";
+        return stoppedBy == StoppedBy::Nobody || rows < stopAt;
+    }
+
+    void end() override {
+        log += "end|";
+        working = false;
+    }
+
+    bool isWorking() const override { return working; }
 
     std::string log;
+    std::int64_t stopAt = std::numeric_limits<std::int64_t>::max();
+    StoppedBy stoppedBy{};
+    bool working = false;
 };
 
 /// A machine made for a test: a stopped clock, a loop that is driven by hand, a scripted user.

@@ -119,6 +119,21 @@ TEST_F(ImportExportTest, LongWorkTellsHowFarItHasCome) {
     import("Tab-separated", bytes);
     exported("Tab-separated");
     EXPECT_EQ(log, "Importing|4096 100%|8192 100%|end|Exporting|4096 41%|8192 82%|end|");
+    log.clear();
+    import("Tab-separated", "1\t2\t" + std::string(4096 * 256, 'x') + "\n3\t4\n");
+    EXPECT_EQ(log, "Importing|1 100%|end|");
+}
+
+TEST_F(ImportExportTest, StoppedWorkKeepsTheRowsSoFarAndTheOldFile) {
+    std::string bytes;
+    for (int row = 0; row < 9999; ++row)
+        bytes += "1\t2\n";
+    program.machine.progress.stopAt = 4096;
+    import("Tab-separated", bytes);
+    EXPECT_EQ(main.list.RowCount(), 4096);
+    EXPECT_EQ(program.machine.progress.stoppedBy, StoppedBy::User);
+    writeWholeFile(folder / "out.txt", "old");
+    EXPECT_EQ(exported("Tab-separated"), "old");
 }
 
 TEST_F(ImportExportTest, NothingIsDoneForAWindowThatClosedBehindItsDialog) {

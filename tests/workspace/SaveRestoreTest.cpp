@@ -155,8 +155,33 @@ TEST_F(SaveRestoreTest, WhatIsDamagedGivesDefaultsWithoutAWord) {
         EXPECT_EQ(main.list.Cell(1, 3), "Unknown format!");
         EXPECT_EQ(program.machine.dialogs.messages, "");
     });
-    edit("nContents</key>\n\t<integer>", "nContents</key>\n\t<integer>10000000");
-    run([](TestWindow& program, MainWindow&) { EXPECT_EQ(program.rows(), ""); });
+}
+
+TEST_F(SaveRestoreTest, TheNumberOfRowsIsBoundedByWhatIsStored) {
+    runWithRows({"1", "2"});
+    for (const auto& [stored, restored] : {std::pair("900", 900), {"99999999", 2}, {"-1", 0}}) {
+        edit("<integer>2<", std::string("<integer>") + stored + "<");
+        TestWindow program(folder);
+        program.settle();
+        EXPECT_EQ(program.window->list.RowCount(), restored);
+        edit(std::string("<integer>") + stored + "<", "<integer>2<");
+    }
+}
+
+TEST_F(SaveRestoreTest, RowsThatHaveNotAllComeBackStayStored) {
+    run([](TestWindow&, MainWindow& main) {
+        for (int row = 0; row < 5000; ++row)
+            main.ConvertCoordinates("1", "1");
+    });
+    {
+        TestWindow program(folder);
+        program.machine.progress.stopAt = 4096;
+        program.settle();
+        EXPECT_EQ(program.window->list.RowCount(), 4096);
+        EXPECT_EQ(program.machine.progress.stoppedBy, StoppedBy::ProgramEnd);
+        program.end();
+    }
+    run([](TestWindow&, MainWindow& main) { EXPECT_EQ(main.list.RowCount(), 5000); });
 }
 
 } // namespace skyvert::save_restore_test

@@ -1,0 +1,103 @@
+#include "qt/RunningCopy.h"
+
+#include "qt/QtText.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSysInfo>
+#include <QThread>
+
+#include <utility>
+
+namespace skyvert {
+
+namespace {
+
+constexpr qint64 kPatienceMilliseconds = 30'000;
+constexpr qint64 kNamelessMilliseconds = 1'000;
+constexpr unsigned long kPauseMilliseconds = 50;
+
+QString pathOf(const std::filesystem::path& path) {
+    return toQString(path.string());
+}
+
+} // namespace
+
+RunningCopy::RunningCopy(const std::filesystem::path& folder)
+    : folder_(pathOf(folder)), request_(pathOf(folder / "Preferences.show")),
+      lock_(pathOf(folder / "Preferences.lock")) {
+    QDir().mkpath(folder_);
+    lock_.setStaleLockTime(0); // a lock never grows stale by its age, only by its owner's end
+    QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_, [this] {
+        if (asked_ && QFile::remove(request_))
+            asked_();
+    });
+}
+
+std::optional<RunningCopy::Refusal> RunningCopy::acquire() {
+    if (tryLock())
+        return std::nullopt;
+    const std::optional<Owner> other = owner();
+    if (other && other->computer != QSysInfo::machineHostName())
+        return Refusal::OtherComputer;
+    return askOtherCopy();
+}
+
+/// True also where no lock can be had at all.
+bool RunningCopy::tryLock() {
+    return lock_.tryLock() || lock_.error() != QLockFile::LockFailedError;
+}
+
+std::optional<RunningCopy::Owner> RunningCopy::owner() const {
+    Owner owner;
+    if (!lock_.getLockInfo(&owner.process, &owner.computer, &owner.program))
+        return std::nullopt;
+    return owner;
+}
+
+/// Asks the other copy to show itself, and waits until it has done so or has ended.
+std::optional<RunningCopy::Refusal> RunningCopy::askOtherCopy() {
+    if (!QFile(request_).open(QIODevice::WriteOnly))
+        return Refusal::NoAnswer;
+    QElapsedTimer waiting;
+    waiting.start();
+    while (waiting.elapsed() < kPatienceMilliseconds) {
+        if (tryLock())
+            return std::nullopt;
+        if (!QFile::exists(request_))
+            return Refusal::OtherCopyShown;
+        // A copy that was killed as it made the lock has left it without its name.
+        if (waiting.elapsed() > kNamelessMilliseconds && !owner())
+            lock_.removeStaleLockFile();
+        QThread::msleep(kPauseMilliseconds);
+    }
+    QFile::remove(request_);
+    return Refusal::NoAnswer;
+}
+
+std::string RunningCopy::explanation(Refusal refusal) const {
+    switch (refusal) {
+    case Refusal::OtherComputer:
+        return "Skyvert is running on the computer \"" +
+               toUtf8(owner().value_or(Owner()).computer) +
+               "\" with the same settings. End it there first. If it is not running there, remove "
+               "the file \"" +
+               toUtf8(lock_.fileName()) + "\".";
+    case Refusal::NoAnswer:
+        return "Skyvert is running already, but does not answer.";
+    case Refusal::OtherCopyShown:
+        break;
+    }
+    return {};
+}
+
+void RunningCopy::onRequest(std::function<void()> asked) {
+    asked_ = std::move(asked);
+    if (!asked_ || !lock_.isLocked())
+        return;
+    QFile::remove(request_); // made before this copy was there to be shown
+    watcher_.addPath(folder_);
+}
+
+} // namespace skyvert
