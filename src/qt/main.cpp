@@ -116,9 +116,9 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName("Skyvert");
     QApplication::setApplicationVersion(toQString(app.version().Version));
 
-    UnixSignals unixSignals;
     RunningCopy copy(app.settingsFolder());
     if (const auto refusal = copy.acquire())
         return refuse(copy, *refusal, dialogs);
+    UnixSignals unixSignals; // until the settings are written
     return run(app, progress, {unixSignals, copy});
 }
