@@ -11,8 +11,14 @@ if(APPLE OR WIN32)
   install(SCRIPT ${deploy_script})
 else()
   set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+  set(made ${PROJECT_BINARY_DIR}/packaging)
+  execute_process(COMMAND env LC_ALL=C date --utc --date=${SKYVERT_DATE} --rfc-email
+    OUTPUT_VARIABLE SKYVERT_MAIL_DATE OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  foreach(file IN ITEMS changelog skyvert.1 org.skyvert.Skyvert.metainfo.xml)
+    configure_file(${packaging}/${file}.in ${made}/${file} @ONLY)
+  endforeach()
   install(FILES ${packaging}/skyvert.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-  install(FILES ${packaging}/org.skyvert.Skyvert.metainfo.xml
+  install(FILES ${made}/org.skyvert.Skyvert.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
   set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
   install(FILES ${packaging}/skyvert.svg DESTINATION ${icons}/scalable/apps)
@@ -25,11 +31,11 @@ else()
   # developers, and the README that links to them, stay with the sources.
   set(documents ${CMAKE_INSTALL_DATADIR}/doc/skyvert)
   foreach(file IN ITEMS changelog skyvert.1)
-    execute_process(COMMAND gzip --best --no-name --stdout ${packaging}/${file}
-      OUTPUT_FILE ${PROJECT_BINARY_DIR}/${file}.gz COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND gzip --best --no-name --stdout ${made}/${file}
+      OUTPUT_FILE ${made}/${file}.gz COMMAND_ERROR_IS_FATAL ANY)
   endforeach()
-  install(FILES ${PROJECT_BINARY_DIR}/skyvert.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  install(FILES ${packaging}/copyright ${PROJECT_BINARY_DIR}/changelog.gz
+  install(FILES ${made}/skyvert.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${packaging}/copyright ${made}/changelog.gz ${PROJECT_SOURCE_DIR}/CHANGELOG.md
     DESTINATION ${documents})
   install(FILES ${PROJECT_SOURCE_DIR}/docs/guide.md DESTINATION ${documents}/docs)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/screenshots DESTINATION ${documents}/docs)

@@ -9,6 +9,13 @@ else()
   target_compile_options(skyvert_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -ffp-contract=off)
 endif()
+# What Debian asks of its packages: hardened, and the same bytes whatever folder they are built in.
+if(UNIX AND NOT APPLE)
+  set(hardening -fstack-protector-strong -D_FORTIFY_SOURCE=2)
+  target_compile_options(skyvert_options INTERFACE
+    "$<$<CONFIG:Release>:${hardening};-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>")
+  target_link_options(skyvert_options INTERFACE "$<$<CONFIG:Release>:LINKER:-z,relro,-z,now>")
+endif()
 if(SKYVERT_SANITIZE)
   # A cast of a number that does not fit is undefined too, but no part of `undefined`.
   set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all

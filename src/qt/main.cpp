@@ -114,7 +114,7 @@ int main(int argc, char* argv[]) {
     App app(desktop, applicationData());
     app.onQuit = [](int code) { QApplication::exit(code); };
     QApplication::setApplicationName("Skyvert");
-    QApplication::setApplicationVersion(toQString(app.version().Version));
+    QApplication::setApplicationVersion(toQString(App::version().Version));
 
     RunningCopy copy(app.settingsFolder());
     if (const auto refusal = copy.acquire())

@@ -22,6 +22,15 @@ bool App::IsEventImplemented(std::string_view event) {
     return equalsIgnoringCase(event, "Open") || equalsIgnoringCase(event, "Close");
 }
 
+VersionData App::version() {
+    return {.MajorVersion = SKYVERT_MAJOR,
+            .MinorVersion = SKYVERT_MINOR,
+            .BugVersion = SKYVERT_BUG,
+            .StageCode = 1,
+            .NonReleaseVersion = 3,
+            .Version = SKYVERT_VERSION};
+}
+
 void App::Quit(int code) const {
     if (onQuit)
         onQuit(code);

@@ -11,14 +11,14 @@
 
 namespace skyvert {
 
-/// Name and version of the program, as the system shows them.
+/// The program's version, as the system shows it.
 struct VersionData {
-    int MajorVersion = 2;
-    int MinorVersion = 0;
-    int BugVersion = 0;
-    int StageCode = 1;
-    int NonReleaseVersion = 3;
-    std::string_view Version = "2.0";
+    int MajorVersion;
+    int MinorVersion;
+    int BugVersion;
+    int StageCode;
+    int NonReleaseVersion;
+    std::string_view Version;
 };
 
 /// The application object: owns the menu bar, and the settings from its open event to its close
@@ -47,7 +47,8 @@ public:
 
     const Desktop& desktop() const { return desktop_; }
 
-    const VersionData& version() const { return version_; }
+    /// The version that the build was given.
+    static VersionData version();
 
     const MainMenuBar& menuBar() const { return menuBar_; }
 
@@ -63,7 +64,6 @@ private:
     const Desktop& desktop_;
     std::filesystem::path applicationData_;
     std::optional<Preferences> prefs_;
-    VersionData version_;
     MainMenuBar menuBar_;
 };
 
