@@ -71,8 +71,8 @@ int runProgram(const std::string& road, char* argv[]) {
     const Locale locale;
     const SystemClock clock;
     FixedDialogs dialogs;
-    QtScheduler scheduler(dialogs);
     NoProgress progress;
+    QtScheduler scheduler(dialogs, progress);
     const Desktop desktop{locale, clock, scheduler, dialogs, progress};
     dialogs.in = argv[2];
     App app(desktop, std::filesystem::path(argv[3]).parent_path());
