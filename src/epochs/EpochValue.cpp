@@ -68,10 +68,8 @@ std::vector<std::string> epochRows() {
     return rows;
 }
 
-EpochValue::EpochValue(PopupMenu& epochPopup, DateControl& epochDate, Label& dateLabel,
-                       const Clock& clock, Locale locale)
-    : epochPopup_(epochPopup), epochDate_(epochDate), dateLabel_(dateLabel), clock_(clock),
-      locale_(std::move(locale)) {}
+EpochValue::EpochValue(EpochView& view, const Clock& clock, Locale locale)
+    : view_(view), clock_(clock), locale_(std::move(locale)) {}
 
 const Date& EpochValue::currentEpoch() const {
     if (!mepoch_)
@@ -112,12 +110,12 @@ void EpochValue::setEpoch(const Date& date) {
         return;
     const SettingGuard guard(setting_);
     const std::int64_t row = rowOfDay(date);
-    epochPopup_.setListIndex(row);
+    view_.selectRow(row);
     if (row == kOtherRow)
-        epochDate_.setDateValue(date);
-    const bool isOther = epochPopup_.listIndex() == kOtherRow;
-    epochDate_.setVisible(isOther);
-    dateLabel_.setVisible(isOther);
+        view_.showDate(date);
+    const bool isOther = view_.selectedRow() == kOtherRow;
+    view_.setDateVisible(isOther);
+    view_.setDateLabelVisible(isOther);
     become(date);
     SetHelpTag();
 }
@@ -160,8 +158,8 @@ void EpochValue::setEpochJulian(double julianDate) {
 
 std::string EpochValue::serialised() const {
     JsonObject stored;
-    stored.add(kPopupMember, epochPopup_.listIndex());
-    stored.add(kDateMember, epochDate_.dateValue().SQLDate());
+    stored.add(kPopupMember, view_.selectedRow());
+    stored.add(kDateMember, view_.shownDate().SQLDate());
     return stored.toString();
 }
 
@@ -170,25 +168,25 @@ void EpochValue::setSerialised(std::string_view text) {
     const std::int64_t row = storedRow(stored);
     Date date = clock_.now();
     date.setSQLDate(stored.text(kDateMember).value_or(date.SQLDate()));
-    epochPopup_.setListIndex(row);
-    epochDate_.setDateValue(date);
+    view_.selectRow(row);
+    view_.showDate(date);
     // The handlers have run in between, on a date control that was not filled yet.
-    become(dateOfRow(epochPopup_.listIndex(), date));
+    become(dateOfRow(view_.selectedRow(), date));
 }
 
 void EpochValue::epochPopup_Change() {
-    const std::int64_t row = epochPopup_.listIndex();
+    const std::int64_t row = view_.selectedRow();
     if (setting_ || row < 0)
         return;
-    become(dateOfRow(row, epochDate_.dateValue()));
-    dateLabel_.setVisible(row == kOtherRow);
-    epochDate_.setVisible(row == kOtherRow);
+    become(dateOfRow(row, view_.shownDate()));
+    view_.setDateLabelVisible(row == kOtherRow);
+    view_.setDateVisible(row == kOtherRow);
     SetHelpTag();
     raiseValueChanged();
 }
 
 void EpochValue::epochDate_ValueChanged() {
-    const Date date = epochDate_.dateValue();
+    const Date date = view_.shownDate();
     if (isCurrentDay(date))
         return;
     become(date);
@@ -199,7 +197,7 @@ void EpochValue::epochDate_ValueChanged() {
 
 void EpochValue::SetHelpTag() {
     const bool isPreset = presetRowOfDay(currentEpoch(), -1) >= 0;
-    epochPopup_.setHelpTag(isPreset ? "" : Format(epochYear(), "0.0", locale_));
+    view_.setPopupHelpTag(isPreset ? "" : Format(epochYear(), "0.0", locale_));
 }
 
 } // namespace skyvert

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/Controls.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
 
@@ -17,18 +16,42 @@ namespace skyvert {
 /// The rows of the popup in their order: the presets, "JNow" and "Other".
 std::vector<std::string> epochRows();
 
-/// What an epoch selector stands for: how the choice of a preset, of the present day or of a free
-/// date becomes an epoch, and the text in which the choice is stored between runs. It reads and
-/// moves three controls of the selector: the popup with the rows of `epochRows`, the date control
-/// and its caption.
+/// What an `EpochValue` reads and moves of the selector that shows it: a popup with the rows of
+/// `epochRows`, and a date with its label.
+class EpochView {
+public:
+    virtual ~EpochView() = default;
+
+    /// The selected row of the popup, -1 for none. Selecting another row calls
+    /// `EpochValue::epochPopup_Change`.
+    virtual std::int64_t selectedRow() const = 0;
+    virtual void selectRow(std::int64_t row) = 0;
+
+    /// The date shown. Another date calls `EpochValue::epochDate_ValueChanged` while it is visible.
+    virtual const Date& shownDate() const = 0;
+    virtual void showDate(const Date& date) = 0;
+
+    virtual void setDateVisible(bool visible) = 0;
+    virtual void setDateLabelVisible(bool visible) = 0;
+
+    /// Sets the help tag of the popup.
+    virtual void setPopupHelpTag(std::string_view text) = 0;
+
+protected:
+    EpochView() = default;
+    EpochView(const EpochView&) = default;
+    EpochView& operator=(const EpochView&) = default;
+};
+
+/// The epoch that a selector stands for: how the choice of a preset, of the present day or of a free
+/// date becomes an epoch, and the text in which the choice is stored between runs.
 ///
 /// The letters B and J belong to the presets' names only: each preset is 1 January of its year.
 class EpochValue {
 public:
-    /// The controls and the clock outlive the object. Until an epoch is assigned or restored there
-    /// is none, whatever the popup shows.
-    EpochValue(PopupMenu& epochPopup, DateControl& epochDate, Label& dateLabel, const Clock& clock,
-               Locale locale);
+    /// The view and the clock outlive the object. Until an epoch is assigned or restored there is
+    /// none, whatever the view shows.
+    EpochValue(EpochView& view, const Clock& clock, Locale locale);
 
     /// Runs when the user's choice, or a restore, has made this the epoch.
     std::function<void(const Date&)> ValueChanged;
@@ -78,14 +101,12 @@ private:
     bool isCurrentDay(const Date& date) const;
     void raiseValueChanged() const;
 
-    PopupMenu& epochPopup_;
-    DateControl& epochDate_;
-    Label& dateLabel_;
+    EpochView& view_;
     const Clock& clock_;
     Locale locale_;
     std::optional<Date> mepoch_;
     double julianDate_ = 0.0; ///< of 0h of `mepoch_`, if it has a value
-    bool setting_ = false;    ///< true while `setEpoch` moves the controls
+    bool setting_ = false;    ///< true while `setEpoch` moves the view
 };
 
 } // namespace skyvert

@@ -22,7 +22,7 @@ EpochSelector::EpochSelector(const ControlLayout& layout, const Clock& clock, co
     : ContainerControl(layout), gbox(layoutOf(kLayout, "gbox")),
       epochLabel(layoutOf(kLayout, "epochLabel")), epochPopup(layoutOf(kLayout, "epochPopup")),
       dateLabel(layoutOf(kLayout, "dateLabel")), epochDate(layoutOf(kLayout, "epochDate")),
-      value_(epochPopup, epochDate, dateLabel, clock, locale) {
+      value_(*this, clock, locale) {
     setChildren({&gbox, &epochLabel, &epochPopup, &dateLabel, &epochDate});
     setTitle(layout.text);
     for (const std::string& row : epochRows())

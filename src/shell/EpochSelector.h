@@ -10,8 +10,8 @@
 namespace skyvert {
 
 /// The composite control that picks one epoch: a popup of presets and, under its row "Other", a
-/// date. What a choice means is the business of `EpochValue`; this class gives it its controls.
-class EpochSelector : public ContainerControl {
+/// date. `EpochValue` decides what a choice means; this class shows it.
+class EpochSelector : public ContainerControl, private EpochView {
 public:
     EpochSelector(const ControlLayout& layout, const Clock& clock, const Locale& locale);
 
@@ -52,6 +52,20 @@ public:
 
 private:
     void epochDate_Open();
+
+    std::int64_t selectedRow() const override { return epochPopup.listIndex(); }
+
+    void selectRow(std::int64_t row) override { epochPopup.setListIndex(row); }
+
+    const Date& shownDate() const override { return epochDate.dateValue(); }
+
+    void showDate(const Date& date) override { epochDate.setDateValue(date); }
+
+    void setDateVisible(bool visible) override { epochDate.setVisible(visible); }
+
+    void setDateLabelVisible(bool visible) override { dateLabel.setVisible(visible); }
+
+    void setPopupHelpTag(std::string_view text) override { epochPopup.setHelpTag(text); }
 
     EpochValue value_;
 };
