@@ -56,16 +56,27 @@ public:
     template <typename Fraction>
     bool rowDone(const Fraction& fraction, std::size_t bytes = 0) {
         ++rows_;
-        sinceReport_ += 1 + bytes / kBytesOfARow;
-        if (sinceReport_ < kRowsBetweenReports)
-            return true;
-        sinceReport_ = 0;
-        return progress_.report(rows_, fraction());
+        return done(fraction, 1 + bytes / kBytesOfARow);
+    }
+
+    /// The same for text that makes no row.
+    template <typename Fraction>
+    bool bytesDone(const Fraction& fraction, std::size_t bytes) {
+        return done(fraction, bytes / kBytesOfARow);
     }
 
 private:
     static constexpr std::size_t kRowsBetweenReports = 4096;
     static constexpr std::size_t kBytesOfARow = 256;
+
+    template <typename Fraction>
+    bool done(const Fraction& fraction, std::size_t usualRows) {
+        sinceReport_ += usualRows;
+        if (sinceReport_ < kRowsBetweenReports)
+            return true;
+        sinceReport_ = 0;
+        return progress_.report(rows_, fraction());
+    }
 
     Progress& progress_;
     std::int64_t rows_ = 0;

@@ -1,6 +1,6 @@
 #include "notation/LookAlikes.h"
-#include "platform/Files.h"
 #include "platform/Text.h"
+#include "platform/TextInputStream.h"
 #include "shell/FileTypes.h"
 #include "workspace/MainWindow.h"
 
@@ -30,6 +30,8 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
         const std::string_view line = stream.ReadLine();
         importLine(line);
         goesOn = work.rowDone(fraction, line.size());
+        while (goesOn && stream.skipPiece())
+            goesOn = work.bytesDone(fraction, TextInputStream::kPieceSize);
     }
     stream.Close();
 }

@@ -1,4 +1,3 @@
-#include "platform/Files.h"
 #include "shell/FileTypes.h"
 #include "workspace/MainWindow.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "epochs/Precession.h"
-#include "platform/Files.h"
 #include "platform/Listbox.h"
+#include "platform/TextOutputStream.h"
 #include "platform/Timer.h"
 #include "platform/Window.h"
 #include "shell/App.h"

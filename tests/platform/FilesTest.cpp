@@ -1,9 +1,13 @@
 #include "platform/Files.h"
+#include "platform/TextInputStream.h"
+#include "platform/TextOutputStream.h"
 
 #include "platform/Text.h"
 #include "support/TestDesktop.h"
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace skyvert::files_test {
 
@@ -46,15 +50,23 @@ TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
 }
 
 TEST_F(TextFiles, AreReadAcrossTheEdgesOfTheBuffer) {
-    // Lines of every length, and one of ten megabytes.
+    // Lines of every length, and one that goes on beyond what is read of a line.
     std::string bytes;
     std::string lines;
     for (std::size_t length = 0; length < 1500; ++length) {
         bytes += std::string(length, 'x') + "\r\n";
         lines += std::string(length, 'x') + "|";
     }
-    const std::string last(10'000'000, 'y');
-    EXPECT_TRUE(linesOf(bytes + last) == lines + last + "|");
+    const std::string most(1'048'576, 'y'), more(2'999'999, 'y'), allButOne = most.substr(1);
+    EXPECT_TRUE(linesOf(bytes + most + "\nz") == lines + most + "|z|");
+    for (const char* end : {"", "\r\n", "\r"}) {
+        EXPECT_TRUE(linesOf(bytes + most + more + end) == lines + most + "|") << end;
+        EXPECT_TRUE(linesOf(allButOne + "\u00B0" + more + end) == allButOne + "|") << end;
+    }
+    std::string wide = "\xFF\xFE";
+    for (const char unit : most + more + "\nz")
+        wide.append({unit, '\0'});
+    EXPECT_TRUE(linesOf(wide) == most + "|z|");
     // A line end that a buffer of any usual size cuts in two.
     for (std::size_t size = 4096; size <= 1'048'576; size *= 2)
         EXPECT_TRUE(linesOf(std::string(size - 1, 'x') + "\r\ny").ends_with("x|y|")) << size;
@@ -64,11 +76,12 @@ TEST_F(TextFiles, AreReplacedOnlyWhenClosed) {
     constexpr auto kPermissions = fs::perms::owner_read | fs::perms::owner_write;
     ASSERT_TRUE(writeWholeFile(list, "old"));
     fs::permissions(list, kPermissions);
-    ASSERT_TRUE(writeWholeFile(folder / ".skyvert-0.tmp", "somebody's"));
+    ASSERT_TRUE(writeWholeFile(folder / ".skyvert-0.tmp", "of a program that died"));
     fs::create_symlink("list.txt", folder / "link.txt");
     { TextOutputStream::Create(list).WriteLine("lost"); }
     EXPECT_EQ(readWholeFile(list), "old");
     TextOutputStream stream = TextOutputStream::Create(folder / "link.txt");
+    { TextOutputStream::Create(list).WriteLine("lost, and the other one is left alone"); }
     stream.WriteLine("a\tb");
     stream.WriteLine("");
     EXPECT_EQ(readWholeFile(list), "old");
@@ -76,8 +89,7 @@ TEST_F(TextFiles, AreReplacedOnlyWhenClosed) {
     EXPECT_EQ(readWholeFile(list), "a\tb\n\n");
     EXPECT_TRUE(fs::is_symlink(folder / "link.txt"));
     EXPECT_EQ(fs::status(list).permissions(), kPermissions);
-    EXPECT_EQ(readWholeFile(folder / ".skyvert-0.tmp"), "somebody's");
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 3);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
 }
 
 TEST_F(TextFiles, RefusalsNameTheFileAndTheReason) {
@@ -96,11 +108,16 @@ TEST_F(TextFiles, RefusalsNameTheFileAndTheReason) {
         return "none";
     };
     EXPECT_EQ(refusal(read, folder / "none"), "opened: No such file or directory.");
-    EXPECT_EQ(refusal(read, folder.path()), "read: Is a directory.");
+    EXPECT_EQ(refusal(read, folder.path()), "opened: it is a folder.");
     EXPECT_EQ(refusal(write, folder / "none/a"), "created: No such file or directory.");
     EXPECT_EQ(refusal(write, folder.path()), "written: Is a directory.");
     EXPECT_TRUE(!fs::exists("/dev/full") || // which not every system has
                 refusal(write, "/dev/full") == "written: No space left on device.");
+    ASSERT_EQ(mkfifo(list.c_str(), 0600), 0);
+    EXPECT_EQ(refusal(read, list), "opened: it is not a regular file.");
+    EXPECT_EQ(refusal(write, list), "written: it is a pipe, and no program reads it.");
+    const File reader(list, File::Use::Read);
+    EXPECT_EQ(refusal(write, list), "none");
 }
 
 } // namespace skyvert::files_test
