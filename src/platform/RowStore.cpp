@@ -21,6 +21,9 @@ RowStore::Block& RowStore::blockWithRoom() {
 
 void RowStore::append(std::span<const std::string_view> cells) {
     Block& block = blockWithRoom();
+    // A row for which there was no memory may have left a part of itself.
+    block.ends.resize(size_ % kRowsPerBlock * columns_);
+    block.text.resize(block.ends.empty() ? 0 : block.ends.back());
     std::size_t length = block.text.size();
     for (const std::string_view text : cells)
         length += text.size();

@@ -136,6 +136,12 @@ TEST_F(ImportExportTest, StoppedWorkKeepsTheRowsSoFarAndTheOldFile) {
     EXPECT_EQ(exported("Tab-separated"), "old");
 }
 
+TEST_F(ImportExportTest, WantOfMemoryIsToldInWords) {
+    dispatch(dialogs, [] { throw std::bad_alloc(); });
+    EXPECT_EQ(dialogs.messages,
+              "There is not enough memory to finish this. What was done so far stays.|");
+}
+
 TEST_F(ImportExportTest, NothingIsDoneForAWindowThatClosedBehindItsDialog) {
     dialogs.file = folder / "list.txt";
     main.close();
