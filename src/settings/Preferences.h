@@ -12,8 +12,12 @@ namespace skyvert {
 
 /// The settings: named values that are read from a file when the object is made, changed in memory
 /// and written back once, by `Close`, if any of them differs. Nothing that goes wrong with the file
-/// is reported: settings that cannot be read are defaults, and settings that cannot be written
-/// are lost.
+/// is reported: settings that cannot be read are defaults, and a save that fails costs what this
+/// run has changed.
+///
+/// The file is written in place, so until that is done a whole copy of the new settings stands
+/// beside it, under the same name with ".new" behind it. A copy that is still there at the next
+/// start holds the newest settings: it is read, and the file brought in line with it.
 class Preferences {
 public:
     /// Makes the folder `folder` in the application data folder, if need be, and loads the file
@@ -30,7 +34,7 @@ public:
     /// Stores a value. One that equals the stored value changes nothing.
     virtual void setValue(std::string_view key, Variant value);
 
-    /// Writes the file if there is something to write. To be called once, at the end.
+    /// Writes the file if there is something to write. To be called once, at the end. Never throws.
     virtual void Close();
 
     /// The number of stored values.
@@ -40,8 +44,14 @@ public:
     bool changed() const { return changed_; }
 
 private:
+    bool readCopy();
+    void save(std::string_view text) const;
+    bool isSafeToReplace(std::string_view text) const;
+    void replaceFile(std::string_view text) const;
+
     std::shared_ptr<Dictionary> prefs_;
     std::filesystem::path fprefs_;
+    std::filesystem::path copy_; ///< of what `fprefs_` is to hold, while that is being written
     bool changed_ = false;
 };
 

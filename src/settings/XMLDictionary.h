@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 
 // A `Dictionary` as an XML document, and back. There are two flavours: `plist` follows the
@@ -30,6 +31,9 @@ std::string ExportXMLString(const std::shared_ptr<Dictionary>& storage, bool pli
 /// fails later goes unnoticed.
 bool SaveXML(const std::shared_ptr<Dictionary>& storage, const std::filesystem::path& file,
              bool plist);
+
+/// The same with a text that has been composed already.
+bool SaveXML(std::string_view text, const std::filesystem::path& file);
 
 /// Adds the layout of an element or text: a line end and `level` tabs before it and, when
 /// `closing`, before its closing tag.

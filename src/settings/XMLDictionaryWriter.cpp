@@ -198,7 +198,11 @@ std::string ExportXMLString(const std::shared_ptr<Dictionary>& storage, bool pli
 
 bool SaveXML(const std::shared_ptr<Dictionary>& storage, const std::filesystem::path& file,
              bool plist) {
-    return writeWholeFile(file, ExportXMLString(storage, plist));
+    return SaveXML(ExportXMLString(storage, plist), file);
+}
+
+bool SaveXML(std::string_view text, const std::filesystem::path& file) {
+    return writeWholeFile(file, text);
 }
 
 void IndentNode(XmlNode node, int level, bool closing) {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace skyvert::preferences_test {
 
 namespace fs = std::filesystem;
@@ -25,6 +27,7 @@ struct PreferencesTest : testing::Test {
     const TemporaryFolder root_;
     const fs::path folder_ = root_ / "config/Skyvert";
     const fs::path file_ = folder_ / "Preferences.xml";
+    const fs::path copy_ = folder_ / "Preferences.xml.new";
 };
 
 TEST_F(PreferencesTest, OnlyADifferentValueCountsAsAChange) {
@@ -43,25 +46,57 @@ TEST_F(PreferencesTest, OnlyADifferentValueCountsAsAChange) {
     }
 }
 
-TEST_F(PreferencesTest, AFileThatIsNoGoodCountsAsAbsentAndIsReplaced) {
-    for (const char* content :
-         {"", "<xmldict", "<xmldict version=\"1.2\"><key>key</key><string>x</string></xmldict>"}) {
-        fs::create_directories(folder_);
-        ASSERT_TRUE(writeWholeFile(file_, content));
-        EXPECT_EQ(stored(), "default");
-        EXPECT_EQ(readWholeFile(file_), content);
+TEST_F(PreferencesTest, AWholeCopyIsTheNewestAndWhatIsNoGoodCountsAsAbsent) {
+    const auto document = [](const std::string& version, const std::string& value) {
+        return "<xmldict version=\"" + version + "\"><key>key</key><string>" + value +
+               "</string></xmldict>";
+    };
+    const std::string old = document("1.1", "old"), whole = document("1.1", "copy");
+    const std::string tooNew = document("1.2", "copy"), cut = whole.substr(0, whole.size() - 1);
+    const struct { std::string file, copy; std::string_view value; std::string after; bool stays; }
+    cases[] = {{"", cut, "default", "", false}, {cut, "", "default", cut, false},
+               {tooNew, "", "default", tooNew, false}, {old, cut, "old", old, false},
+               {old, tooNew, "old", old, true}, {old, whole, "copy", whole, false},
+               {"", whole, "copy", whole, false}};
+    fs::create_directories(folder_);
+    for (const auto& [file, copy, value, after, stays] : cases) {
+        ASSERT_TRUE(writeWholeFile(file_, file) && writeWholeFile(copy_, copy));
+        EXPECT_EQ(stored(), value) << copy;
+        EXPECT_EQ(readWholeFile(file_), after) << copy;
+        EXPECT_EQ(fs::exists(copy_), stays) << copy;
         store("new");
-        EXPECT_EQ(stored(), "new");
+        EXPECT_EQ(stored(), "new") << copy;
+        EXPECT_FALSE(fs::exists(copy_)) << copy;
     }
 }
 
+TEST_F(PreferencesTest, LinksAndPermissionsStayAndAFolderThatIsGoneIsMadeAgain) {
+    fs::create_directories(folder_);
+    fs::create_symlink("../target", file_);
+    store("new");
+    constexpr auto kOwner = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(root_ / "config/target", kOwner);
+    store("newer");
+    EXPECT_TRUE(fs::is_symlink(file_));
+    EXPECT_EQ(fs::status(file_).permissions(), kOwner);
+    Preferences preferences = open();
+    preferences.setValue("key", "newest");
+    fs::remove_all(folder_);
+    preferences.Close();
+    EXPECT_EQ(stored(), "newest");
+}
+
 TEST_F(PreferencesTest, PlacesThatCannotBeUsedAreNoTrouble) {
-    for (const fs::path& folderInTheWay : {file_ / "inside", root_ / "else"}) {
-        fs::create_directories(folderInTheWay);
+    const std::function<void()> cases[] = {
+        [this] { fs::create_directories(file_ / "inside"); },
+        [this] { fs::create_directories(folder_), fs::create_symlink("/dev/zero", file_); },
+        [this] { fs::create_directories(folder_), mkfifo(file_.c_str(), 0600); },
+        [this] { writeWholeFile(folder_, "a file in the folder's place"); }};
+    for (const auto& prepare : cases) {
+        fs::remove_all(folder_);
+        prepare();
         store("lost");
         EXPECT_EQ(stored(), "default");
-        fs::remove_all(folder_);
-        EXPECT_TRUE(writeWholeFile(folder_, "a file in the folder's place"));
     }
 }
 
