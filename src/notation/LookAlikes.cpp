@@ -2,44 +2,118 @@
 
 #include "platform/Unicode.h"
 
+#include <algorithm>
+#include <array>
+
 namespace skyvert {
 
 namespace {
 
+/// Characters that are read as another one, or as nothing.
 struct LookAlike {
-    std::string_view character;
+    char32_t first;
+    char32_t last;
     std::string_view meant;
 };
 
-constexpr LookAlike kLookAlikes[] = {
-    {"\u2212", "-"},  // minus sign
-    {"\u2010", "-"},  // hyphen
-    {"\u2011", "-"},  // no-break hyphen
-    {"\u2013", "-"},  // en dash
-    {"\u00BA", "°"},  // masculine ordinal indicator
-    {"\u02DA", "°"},  // ring above
-    {"\u2032", "'"},  // prime
-    {"\u2019", "'"},  // right single quotation mark
-    {"\u2033", "\""}, // double prime
-    {"\u201D", "\""}, // right double quotation mark
-    {"\u00A0", " "},  // no-break space
-    {"\u2007", " "},  // figure space
-    {"\u2009", " "},  // thin space
-    {"\u200A", " "},  // hair space
-    {"\u202F", " "},  // narrow no-break space
-    {"\u02B0", "h"},  // modifier letter small h
-    {"\u1D50", "m"},  // modifier letter small m
-    {"\u02E2", "s"},  // modifier letter small s
-};
+/// Whole families of the Unicode Character Database, version 15. Sorted by their code points.
+constexpr auto kLookAlikes = [] {
+    std::array table{
+        // General_Category Pd (dash punctuation) without the hyphen-minus itself
+        LookAlike{0x058A, 0x058A, "-"},
+        LookAlike{0x05BE, 0x05BE, "-"},
+        LookAlike{0x1400, 0x1400, "-"},
+        LookAlike{0x1806, 0x1806, "-"},
+        LookAlike{0x2010, 0x2015, "-"},
+        LookAlike{0x2E17, 0x2E17, "-"},
+        LookAlike{0x2E1A, 0x2E1A, "-"},
+        LookAlike{0x2E3A, 0x2E3B, "-"},
+        LookAlike{0x2E40, 0x2E40, "-"},
+        LookAlike{0x2E5D, 0x2E5D, "-"},
+        LookAlike{0x301C, 0x301C, "-"},
+        LookAlike{0x3030, 0x3030, "-"},
+        LookAlike{0x30A0, 0x30A0, "-"},
+        LookAlike{0xFE31, 0xFE32, "-"},
+        LookAlike{0xFE58, 0xFE58, "-"},
+        LookAlike{0xFE63, 0xFE63, "-"},
+        LookAlike{0xFF0D, 0xFF0D, "-"},
+        LookAlike{0x10EAD, 0x10EAD, "-"},
+        // the minus sign, and what decomposes to it
+        LookAlike{0x2212, 0x2212, "-"},
+        LookAlike{0x207B, 0x207B, "-"},
+        LookAlike{0x208B, 0x208B, "-"},
+        // the soft hyphen, which a copy from a PDF file often has for a hyphen or a minus
+        LookAlike{0x00AD, 0x00AD, "-"},
+        // General_Category Zs (space separator) without the space itself
+        LookAlike{0x00A0, 0x00A0, " "},
+        LookAlike{0x1680, 0x1680, " "},
+        LookAlike{0x2000, 0x200A, " "},
+        LookAlike{0x202F, 0x202F, " "},
+        LookAlike{0x205F, 0x205F, " "},
+        LookAlike{0x3000, 0x3000, " "},
+        // Default_Ignorable_Code_Point (zero width, invisible) without the soft hyphen
+        LookAlike{0x034F, 0x034F, ""},
+        LookAlike{0x061C, 0x061C, ""},
+        LookAlike{0x115F, 0x1160, ""},
+        LookAlike{0x17B4, 0x17B5, ""},
+        LookAlike{0x180B, 0x180F, ""},
+        LookAlike{0x200B, 0x200F, ""},
+        LookAlike{0x202A, 0x202E, ""},
+        LookAlike{0x2060, 0x206F, ""},
+        LookAlike{0x3164, 0x3164, ""},
+        LookAlike{0xFE00, 0xFE0F, ""},
+        LookAlike{0xFEFF, 0xFEFF, ""},
+        LookAlike{0xFFA0, 0xFFA0, ""},
+        LookAlike{0xFFF0, 0xFFF8, ""},
+        LookAlike{0x1BCA0, 0x1BCA3, ""},
+        LookAlike{0x1D173, 0x1D17A, ""},
+        LookAlike{0xE0000, 0xE0FFF, ""},
+        // named PRIME, APOSTROPHE, COMMA as a modifier letter, ACUTE ACCENT or SINGLE ... QUOTATION
+        // MARK, those of one stroke
+        LookAlike{0x00B4, 0x00B4, "'"},
+        LookAlike{0x02B9, 0x02B9, "'"},
+        LookAlike{0x02BB, 0x02BD, "'"},
+        LookAlike{0x02CA, 0x02CA, "'"},
+        LookAlike{0x055A, 0x055A, "'"},
+        LookAlike{0x07F4, 0x07F5, "'"},
+        LookAlike{0x2018, 0x201B, "'"},
+        LookAlike{0x2032, 0x2032, "'"},
+        LookAlike{0x2035, 0x2035, "'"},
+        LookAlike{0xFF07, 0xFF07, "'"},
+        // the same of two strokes, named DOUBLE, and plain (full width) QUOTATION MARK
+        LookAlike{0x02BA, 0x02BA, "\""},
+        LookAlike{0x02DD, 0x02DD, "\""},
+        LookAlike{0x02EE, 0x02EE, "\""},
+        LookAlike{0x02F6, 0x02F6, "\""},
+        LookAlike{0x201C, 0x201F, "\""},
+        LookAlike{0x2033, 0x2033, "\""},
+        LookAlike{0x2036, 0x2036, "\""},
+        LookAlike{0x2E42, 0x2E42, "\""},
+        LookAlike{0x301D, 0x301F, "\""},
+        LookAlike{0xFF02, 0xFF02, "\""},
+        // named RING ABOVE, RING OPERATOR, and ORDINAL INDICATOR with "o"; raised "o" and "0"
+        LookAlike{0x00BA, 0x00BA, "°"},
+        LookAlike{0x02DA, 0x02DA, "°"},
+        LookAlike{0x030A, 0x030A, "°"},
+        LookAlike{0x1D52, 0x1D52, "°"},
+        LookAlike{0x2070, 0x2070, "°"},
+        LookAlike{0x2218, 0x2218, "°"},
+        // decomposes to a raised h, m or s
+        LookAlike{0x02B0, 0x02B0, "h"},
+        LookAlike{0x1D50, 0x1D50, "m"},
+        LookAlike{0x02E2, 0x02E2, "s"},
+    };
+    std::ranges::sort(table, {}, &LookAlike::first);
+    return table;
+}();
 
-/// What stands for the character that `text` opens with: a look-alike's meaning, or else the first
-/// byte as it is.
-LookAlike firstOf(std::string_view text) {
-    for (const LookAlike& one : kLookAlikes) {
-        if (text.starts_with(one.character))
-            return one;
-    }
-    return {text.substr(0, 1), text.substr(0, 1)};
+/// What a character is read as: a look-alike's meaning, or else itself.
+std::string_view meaningOf(std::string_view character) {
+    const char32_t point = codePoint(character);
+    const auto* const next = std::ranges::upper_bound(kLookAlikes, point, {}, &LookAlike::first);
+    if (next == kLookAlikes.begin() || point > (next - 1)->last)
+        return character;
+    return (next - 1)->meant;
 }
 
 } // namespace
@@ -49,9 +123,9 @@ std::string_view foldLookAlikes(std::string_view text, std::string& storage) {
         return text;
     storage.clear();
     while (!text.empty()) {
-        const LookAlike first = firstOf(text);
-        storage += first.meant;
-        text.remove_prefix(first.character.size());
+        const std::size_t length = utf8Length(text);
+        storage += length > 1 ? meaningOf(text.substr(0, length)) : text.substr(0, 1);
+        text.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return storage;
 }

@@ -5,9 +5,10 @@
 
 namespace skyvert {
 
-/// Turns characters that look like those of a notation into them: the minus sign, the ordinal
-/// indicator and the ring for a degree sign, primes and curly quotes, no-break and thin spaces,
-/// superscript h, m and s. For texts that come from outside: imported, typed or pasted.
+/// Turns characters that look like those of a notation into them: all dashes into a minus, all
+/// spaces into a blank, primes, quotes and accents into the marks of minutes and seconds, rings and
+/// the ordinal indicator into a degree sign, raised h, m and s into letters; characters of no width
+/// go. For texts that come from outside: imported, typed or pasted.
 ///
 /// Returned: `text` itself when it is all ASCII, else a view of `storage`, which `text` must not
 /// view.

@@ -57,6 +57,16 @@ std::size_t utf8Length(std::string_view text) {
     return 0;
 }
 
+char32_t codePoint(std::string_view character) {
+    const auto lead = static_cast<unsigned char>(character[0]);
+    if (character.size() == 1)
+        return lead;
+    char32_t point = lead & (0x7FU >> character.size());
+    for (const char byte : character.substr(1))
+        point = point << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
+    return point;
+}
+
 char32_t fromWindows1252(unsigned char byte) {
     // The five bytes that Windows-1252 leaves undefined stand for the C1 controls of that number.
     static constexpr std::array<char16_t, 32> high{

@@ -18,6 +18,9 @@ void appendUtf8(char32_t point, std::string& out);
 /// with (Unicode Standard, table 3-7), or 0 when there is none.
 std::size_t utf8Length(std::string_view text);
 
+/// The code point of one well-formed UTF-8 character.
+char32_t codePoint(std::string_view character);
+
 /// The code point that a byte stands for in Windows-1252.
 char32_t fromWindows1252(unsigned char byte);
 
