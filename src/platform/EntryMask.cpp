@@ -229,12 +229,15 @@ private:
     }
 
     bool typeAny(std::string_view character) {
-        if (!field().takesAny || (length(field_) > 0 && !isSign(character)))
+        if (!field().takesAny || (length(field_) > 0 && !isSign(character)) ||
+            (character == " " && !isEmpty()))
             return false;
         contents_[field_] = character;
         offset_ = 1;
         return true;
     }
+
+    bool isEmpty() const { return reached_ == 0 && contents_[0].empty(); }
 
     bool typeLead(std::string_view character) {
         const std::size_t next = field_ + 1;

@@ -37,7 +37,8 @@ struct EntryText {
 /// - Where "&" asks for a sign, a digit counts as the first digit behind a sign left out. "+" and
 ///   "-" replace a sign on either side of the caret.
 /// - A blank where a number has not begun and the closing mark of a notation behind the last
-///   number are taken and dropped, so a text copied from a list fits: `12h 30m 45.5s`.
+///   number are taken and dropped, so a text copied from a list fits: `12h 30m 45.5s`. Only the
+///   first character of all for "&" may be a blank.
 /// - A deletion takes digits out of their fields, and the field closes up; the literals stay
 ///   between the fields as long as something stands behind them. A literal deleted by itself joins
 ///   its fields if what is left fits as it stands, as it does beside an empty field.
