@@ -148,6 +148,24 @@ void ListboxView::selectionChanged(const QItemSelection& selected,
         takeSelection();
 }
 
+/// A table tells assistive technology that the focus is on its current cell, wherever it really is.
+void ListboxView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    if (hasFocus())
+        QTableView::currentChanged(current, previous);
+    else
+        QAbstractItemView::currentChanged(current,
+                                          previous); // NOLINT(bugprone-parent-virtual-call)
+}
+
+/// Rows are selected, not cells: Home and End lead to the first and the last row.
+QModelIndex ListboxView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action == MoveHome)
+        return model_->index(0, 0);
+    if (action == MoveEnd)
+        return model_->index(model_->rowCount() - 1, 0);
+    return QTableView::moveCursor(action, modifiers);
+}
+
 /// Hands on what a person has selected. The view shows it already and must not scroll to it.
 void ListboxView::takeSelection() {
     act([this] {

@@ -23,6 +23,8 @@ public:
 
 protected:
     void mirror() override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -56,6 +56,11 @@ TEST(ListView, WhatAPersonSelectsReachesTheListAsRanges) {
     click(table, 2);
     QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "12 30\t+10 15\t12 31\t+10 06\n");
+    QTest::keyClick(&table, Qt::Key_End);
+    EXPECT_EQ(shown.window.list.selection(), (Ranges{{199, 199}}));
+    QTest::keyClick(&table, Qt::Key_Home, Qt::ShiftModifier);
+    QTest::keyClick(&table, Qt::Key_Home);
+    EXPECT_EQ(shown.window.list.selection(), (Ranges{{0, 199}}));
     QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(shown.window.list.selection(), (Ranges{{0, 199}}));
     EXPECT_EQ(table.verticalScrollBar()->value(), 0);
