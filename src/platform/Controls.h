@@ -194,7 +194,12 @@ public:
 
     void setTextColor(Color color) { assign(textColor_, color); }
 
+    /// Offers the owner a text that is about to be pasted. Returned: whether the owner has put it
+    /// where it belongs.
+    bool paste(std::string_view text) { return Paste && Paste(*this, text); }
+
     std::function<void(TextField&)> TextChange;
+    std::function<bool(TextField&, std::string_view)> Paste;
 
 private:
     std::string text_;

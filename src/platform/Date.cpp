@@ -1,8 +1,10 @@
 #include "platform/Date.h"
 
 #include "platform/Number.h"
+#include "platform/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -20,6 +22,7 @@ constexpr std::int64_t kCycleYears = 400;
 constexpr std::int64_t kCycleDays = 146097;
 constexpr std::int64_t kMonths = 12;
 constexpr double kSecondsOfDay = 86400.0;
+constexpr ch::year kFirstTypedYear{100};
 
 struct Quotient {
     std::int64_t whole;
@@ -61,6 +64,31 @@ unsigned wholeNumber(std::string_view text) {
     return error == std::errc() && end == text.data() + text.size() ? number : 0;
 }
 
+/// The texts of year, month and day.
+using DayFields = std::array<std::string_view, 3>;
+
+/// The day that at most four, two and two digits name; none before the year 1.
+std::optional<ch::year_month_day> dayOf(const DayFields& fields) {
+    if (fields[0].size() > 4 || fields[1].size() > 2 || fields[2].size() > 2)
+        return std::nullopt;
+    const ch::year_month_day civil(ch::year(static_cast<int>(wholeNumber(fields[0]))),
+                                   ch::month(wholeNumber(fields[1])),
+                                   ch::day(wholeNumber(fields[2])));
+    return civil.ok() && civil.year() >= ch::year(1) ? std::optional(civil) : std::nullopt;
+}
+
+/// Cuts what a person has typed into three fields; nothing where there are more.
+std::optional<DayFields> typedFields(std::string_view text) {
+    if (text.size() == 8 && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; }))
+        return DayFields{text.substr(0, 4), text.substr(4, 2), text.substr(6)};
+    DayFields fields;
+    for (std::string_view& field : fields) {
+        field = text.substr(0, text.find_first_of("-/. "));
+        text.remove_prefix(std::min(field.size() + 1, text.size()));
+    }
+    return text.empty() ? std::optional(fields) : std::nullopt;
+}
+
 } // namespace
 
 double Date::TotalSeconds() const {
@@ -91,16 +119,21 @@ std::string Date::SQLDate() const {
 
 void Date::setSQLDate(std::string_view text) {
     const bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-';
-    const auto field = [&](std::size_t at, std::size_t length) {
-        return shaped ? wholeNumber(text.substr(at, length)) : 0;
-    };
-    const ch::year_month_day civil(ch::year(static_cast<int>(field(0, 4))), ch::month(field(5, 2)),
-                                   ch::day(field(8, 2)));
-    if (!civil.ok() || civil.year() < ch::year(1))
+    const auto civil =
+        shaped ? dayOf({text.substr(0, 4), text.substr(5, 2), text.substr(8)}) : std::nullopt;
+    if (!civil)
         throw std::invalid_argument("\"" + std::string(text) + "\" is no date");
-    year = int{civil.year()};
-    month = unsigned{civil.month()};
-    day = unsigned{civil.day()};
+    year = int{civil->year()};
+    month = unsigned{civil->month()};
+    day = unsigned{civil->day()};
+}
+
+std::optional<Date> Date::fromTyped(std::string_view text) {
+    const auto fields = typedFields(Trim(text));
+    const auto civil = fields ? dayOf(*fields) : std::nullopt;
+    if (!civil || civil->year() < kFirstTypedYear)
+        return std::nullopt;
+    return Date(int{civil->year()}, unsigned{civil->month()}, unsigned{civil->day()});
 }
 
 std::int64_t Date::DayOfYear() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,11 @@ struct Date {
     /// Throws `std::invalid_argument`, and changes nothing, when the text is not exactly ten
     /// characters naming a day of the years 0001 to 9999.
     void setSQLDate(std::string_view text);
+
+    /// The day, at 0h, that a person has typed as year, month and day with "-", "/", "." or a blank
+    /// between them, or as eight digits. Nothing for any other text, for a day that the calendar
+    /// does not have, and outside the years 100 to 9999.
+    static std::optional<Date> fromTyped(std::string_view text);
 
     /// 1 for 1 January, 366 for 31 December of a leap year.
     std::int64_t DayOfYear() const;

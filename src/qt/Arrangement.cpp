@@ -1,6 +1,7 @@
 #include "qt/Arrangement.h"
 
 #include "qt/ControlViews.h"
+#include "qt/DateControlView.h"
 #include "qt/ListboxView.h"
 
 #include <QGridLayout>

@@ -1,13 +1,17 @@
 #include "qt/ControlViews.h"
 
 #include "notation/LookAlikes.h"
+#include "notation/PastedPosition.h"
 
-#include <QCalendarWidget>
+#include <QAccessible>
+#include <QApplication>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <memory>
 
 namespace skyvert {
 
@@ -16,25 +20,44 @@ namespace {
 constexpr int kControlHeight = 24;
 constexpr int kButtonMargin = 7; ///< between a button's caption and its edge
 
-/// Controls of one row are equally high, and higher only where the font asks for it.
-int heightFor(const QWidget& widget) {
-    return std::max(kControlHeight, widget.fontMetrics().height() + 4);
-}
-
-QDate nearestShown(const Date& date, const QDateEdit& field) {
-    if (date.year < field.minimumDate().year())
-        return field.minimumDate();
-    if (date.year > field.maximumDate().year())
-        return field.maximumDate();
-    return {static_cast<int>(date.year), static_cast<int>(date.month), static_cast<int>(date.day)};
+/// Qt's own choice would be the next control of any kind, such as the popup of the export.
+void focusNextTextField(const QWidget& from) {
+    for (QWidget* next = from.nextInFocusChain(); next != &from; next = next->nextInFocusChain()) {
+        if (dynamic_cast<TextFieldView*>(next) != nullptr)
+            return next->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 } // namespace
 
+int heightFor(const QWidget& widget) {
+    return std::max(kControlHeight, widget.fontMetrics().height() + 4);
+}
+
 void mirrorControl(const Control& control, QWidget& widget) {
+    if (!control.enabled() && widget.window()->focusWidget() == &widget)
+        focusNextTextField(widget);
     widget.setEnabled(control.enabled());
     widget.setVisible(control.visible());
     widget.setToolTip(toQString(control.helpTag()));
+}
+
+void announce(QLineEdit& field) {
+    QAccessibleEvent alert(&field, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void showVerdict(QLineEdit& field, Color color) {
+    QPalette colors = field.palette();
+    colors.setColor(QPalette::Text, QColor::fromRgb(color.value));
+    field.setPalette(colors);
+    const QString cue = field.placeholderText();
+    const QString description = field.toolTip().isEmpty() ? cue : cue + ": " + field.toolTip();
+    if (description == field.accessibleDescription())
+        return;
+    field.setAccessibleDescription(description);
+    if (color == kRed && !field.text().isEmpty())
+        announce(field);
 }
 
 LabelView::LabelView(Label& control, const Desktop& desktop, QWidget* parent)
@@ -135,51 +158,40 @@ void PopupMenuView::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
-DateControlView::DateControlView(DateControl& control, const Desktop& desktop, QWidget* parent)
-    : WidgetView(control, desktop, parent) {
-    setLocale(QLocale::c());
-    setDisplayFormat("yyyy-MM-dd");
-    setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
-    setCalendarPopup(true);
-    setKeyboardTracking(false);
-    connect(this, &QDateEdit::dateChanged, this, [this](QDate day) { take(day); });
-    control.setView(this);
-}
-
-QSize DateControlView::sizeHint() const {
-    return {QDateEdit::sizeHint().width(), heightFor(*this)};
-}
-
-QSize DateControlView::minimumSizeHint() const {
-    return {QDateEdit::minimumSizeHint().width(), heightFor(*this)};
-}
-
-void DateControlView::keyPressEvent(QKeyEvent* event) {
-    QDateEdit::keyPressEvent(event);
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        event->accept();
-}
-
-/// Return signals a change also where there is none, which would hand over a stand-in.
-void DateControlView::take(QDate day) {
-    if (day != nearestShown(control().dateValue(), *this))
-        act([this, day] { control().setDateValue(Date(day.year(), day.month(), day.day())); });
-}
-
-void DateControlView::mirror() {
-    const QSignalBlocker blocker(this);
-    setDate(nearestShown(control().dateValue(), *this));
-}
-
 TextFieldView::TextFieldView(TextField& control, const Desktop& desktop, QWidget* parent)
     : WidgetView(control, desktop, parent) {
     setFold([](std::string_view text) {
         std::string storage;
         return std::string(foldLookAlikes(text, storage));
     });
+    setFit([this](std::string_view text) { return fitToMask(text, this->control().mask()); });
+    setPasteHandler([this](std::string_view text) {
+        const auto isTaken = std::make_shared<bool>(false);
+        act([this, isTaken, pasted = std::string(text)] {
+            *isTaken = this->control().paste(pasted);
+        });
+        return *isTaken;
+    });
     connect(this, &MaskedLineEdit::edited, this,
             [this] { act([this] { this->control().setText(toUtf8(text())); }); });
+    connect(this, &MaskedLineEdit::refused, this, [this] { showRefusal(); });
     control.setView(this);
+}
+
+void TextFieldView::showRefusal() {
+    QApplication::beep();
+    setToolTip("The pasted text does not fit " + placeholderText() + ".");
+    showVerdict(*this, control().textColor());
+    announce(*this);
+    QToolTip::showText(mapToGlobal(rect().bottomLeft()), toolTip(), this);
+}
+
+void TextFieldView::keyPressEvent(QKeyEvent* event) {
+    if (toolTip() != toQString(control().helpTag())) {
+        QToolTip::hideText();
+        refresh();
+    }
+    MaskedLineEdit::keyPressEvent(event);
 }
 
 QSize TextFieldView::sizeHint() const {
@@ -193,13 +205,11 @@ QSize TextFieldView::minimumSizeHint() const {
 void TextFieldView::mirror() {
     setEntryMask(EntryMask(control().mask(), desktop().locale.decimalPoint));
     setPlaceholderText(toQString(control().cueText()));
-    QPalette colors = palette();
-    colors.setColor(QPalette::Text, QColor::fromRgb(control().textColor().value));
-    setPalette(colors);
     const QString shown = toQString(control().text());
     // An equal text stays: setting it again would move the caret and forget what can be undone.
     if (text() != shown)
         setText(shown);
+    showVerdict(*this, control().textColor());
 }
 
 ContainerView::ContainerView(ContainerControl& control, const Desktop& desktop, QWidget* parent)

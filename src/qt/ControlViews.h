@@ -7,7 +7,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -20,8 +19,20 @@
 
 namespace skyvert {
 
-/// Mirrors what every kind of control has: whether it is enabled and visible, and its help tag.
+/// The least height of a control. Those of one row are equally high, and higher only where the font
+/// asks for it.
+int heightFor(const QWidget& widget);
+
+/// Mirrors what every kind of control has: whether it is enabled and visible, and its help tag. The
+/// keyboard focus goes from a control that is disabled to the next text field.
 void mirrorControl(const Control& control, QWidget& widget);
+
+/// Calls the attention of assistive technology to a field.
+void announce(QLineEdit& field);
+
+/// Shows a field's text in a color, and describes the field to assistive technology by its cue and
+/// the reason in its help tag. A new reason for a text to be red is announced.
+void showVerdict(QLineEdit& field, Color color);
 
 /// What the views have in common. A view is the widget itself: it pulls the control's state when
 /// it is told to, hands on what a person does, and knows no rule of the program.
@@ -126,24 +137,6 @@ private:
     QStringListModel* rows_;
 };
 
-/// Shows every day from 0100-01-01 to 9999-12-31, and the nearest of these for any other; such a
-/// stand-in is never handed to the control.
-class DateControlView final : public WidgetView<QDateEdit, DateControl> {
-public:
-    DateControlView(DateControl& control, const Desktop& desktop, QWidget* parent);
-
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
-protected:
-    void mirror() override;
-    /// Return takes over the date that was typed, and does no more.
-    void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    void take(QDate day);
-};
-
 class TextFieldView final : public WidgetView<MaskedLineEdit, TextField> {
 public:
     TextFieldView(TextField& control, const Desktop& desktop, QWidget* parent);
@@ -153,6 +146,11 @@ public:
 
 protected:
     void mirror() override;
+    /// A refusal is told until the next key.
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void showRefusal();
 };
 
 /// The place of a control that is made of others.

@@ -65,6 +65,7 @@ void MainWindowView::open() {
     limitSize();
     refresh();
     show();
+    window_.raManual.SetFocus();
     reportPlace();
 }
 

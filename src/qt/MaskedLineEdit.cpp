@@ -64,11 +64,42 @@ int positionOf(const QString& text, std::size_t characters) {
 } // namespace
 
 MaskedLineEdit::MaskedLineEdit(QWidget* parent) : QLineEdit(parent) {
-    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+    connect(this, &QLineEdit::textEdited, this, [this] {
         if (!isBecoming_)
-            emit edited(text);
+            tell();
+    });
+    // This signal comes last, for every change, and with a text that may be outdated.
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (!isBecoming_ && text() != known_)
+            takeForeignText();
     });
     setMaxLength(std::numeric_limits<int>::max());
+}
+
+void MaskedLineEdit::setText(const QString& text) {
+    known_ = text;
+    QLineEdit::setText(text);
+}
+
+void MaskedLineEdit::tell() {
+    known_ = text();
+    emit edited(known_);
+}
+
+/// Takes what was assigned from outside as if it were pasted over the whole text, but never refuses
+/// it: what is seen is what is told.
+void MaskedLineEdit::takeForeignText() {
+    const std::string foreign = folded(text());
+    selectAll();
+    const auto entry = pastedEntry(foreign);
+    setText(toQString(entry ? entry->text : foreign));
+    tell();
+}
+
+void MaskedLineEdit::focusOutEvent(QFocusEvent* event) {
+    const bool isToMenu = event->reason() == Qt::MenuBarFocusReason;
+    QFocusEvent leaving(QEvent::FocusOut, isToMenu ? Qt::PopupFocusReason : event->reason());
+    QLineEdit::focusOutEvent(&leaving);
 }
 
 void MaskedLineEdit::cut() {
@@ -177,18 +208,46 @@ void MaskedLineEdit::eraseSelection() {
                            characterAt(selectionLast())));
 }
 
+std::string MaskedLineEdit::folded(const QString& text) const {
+    return fold_ ? fold_(toUtf8(text)) : toUtf8(text);
+}
+
+std::optional<EntryText> MaskedLineEdit::entryWith(std::string_view typed) const {
+    return mask_.replace(toUtf8(text()), characterAt(selectionFirst()),
+                         characterAt(selectionLast()), typed);
+}
+
 void MaskedLineEdit::type(const QString& typed) {
-    const std::string characters = fold_ ? fold_(toUtf8(typed)) : toUtf8(typed);
-    const auto entry = mask_.replace(toUtf8(text()), characterAt(selectionFirst()),
-                                     characterAt(selectionLast()), characters);
-    if (entry)
+    if (const auto entry = entryWith(folded(typed)))
         become(*entry);
 }
 
 void MaskedLineEdit::pasteText(const QString& pasted) {
     const QString line = oneLine(pasted);
-    if (!line.isEmpty() && !isReadOnly())
-        type(line);
+    if (line.isEmpty() || isReadOnly())
+        return;
+    const std::string characters = folded(line);
+    if (pasteHandler_ && pasteHandler_(characters))
+        return;
+    if (const auto entry = pastedEntry(characters))
+        become(*entry);
+    else
+        emit refused();
+}
+
+std::optional<EntryText> MaskedLineEdit::pastedEntry(const std::string& pasted) const {
+    auto entry = entryWith(pasted);
+    if (entry || !fit_ || !replacesAllDigits())
+        return entry;
+    const auto fitted = fit_(pasted);
+    return fitted ? entryWith(*fitted) : std::nullopt;
+}
+
+bool MaskedLineEdit::replacesAllDigits() const {
+    const auto isDigit = [](QChar character) { return character.isDigit(); };
+    const QString present = text();
+    return std::none_of(present.cbegin(), present.cbegin() + selectionFirst(), isDigit) &&
+           std::none_of(present.cbegin() + selectionLast(), present.cend(), isDigit);
 }
 
 /// A position of Qt's in characters.
@@ -213,7 +272,7 @@ void MaskedLineEdit::become(const EntryText& entry) {
         setCursorPosition(positionOf(wanted, entry.caret));
     }
     if (before != wanted)
-        emit edited(text());
+        tell();
 }
 
 /// Changes only what differs, so that the undo history sees a person's change as one step and a

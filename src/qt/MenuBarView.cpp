@@ -59,24 +59,14 @@ const EditCommand* editCommand(MenuCommand command) {
     return found == kEditCommands.end() ? nullptr : &*found;
 }
 
-/// The text field of a widget: itself, or the one inside a date field; null if it has none.
-QLineEdit* fieldOf(QWidget* widget) {
-    if (widget == nullptr)
-        return nullptr;
-    auto* const field = qobject_cast<QLineEdit*>(widget);
-    return field != nullptr || qobject_cast<QDateEdit*>(widget) == nullptr
-               ? field
-               : widget->findChild<QLineEdit*>();
-}
-
 bool isPossible(const EditCommand& command, QWidget* target) {
-    if (const QLineEdit* const field = fieldOf(target))
+    if (const auto* const field = qobject_cast<QLineEdit*>(target))
         return command.possible(*field);
     return command.inList != nullptr && dynamic_cast<ListboxView*>(target) != nullptr;
 }
 
 void perform(const EditCommand& command, QWidget* target) {
-    if (QLineEdit* const field = fieldOf(target))
+    if (auto* const field = qobject_cast<QLineEdit*>(target))
         command.inField(*field);
     else if (auto* const list = dynamic_cast<ListboxView*>(target); list && command.inList)
         command.inList(*list);

@@ -70,6 +70,9 @@ void MainWindow::wireHandlers() {
     raManual.TextChange = [this](TextField& sender) { raManual_TextChange(sender); };
     decManual.TextChange = [this](TextField& sender) { decManual_TextChange(sender); };
     ManualEnterBtn.Action = [this](PushButton& sender) { ManualEnterBtn_Action(sender); };
+    raManual.Paste = [this](TextField& sender, std::string_view text) {
+        return raManual_Paste(sender, text);
+    };
     DataEntryMask.Action = [this](CheckBox& sender) { DataEntryMask_Action(sender); };
     ClearListButton.Action = [this](PushButton& sender) { ClearListButton_Action(sender); };
     FormatChangeTimer.Action = [this](Timer& sender) { FormatChangeTimer_Action(sender); };

@@ -51,6 +51,7 @@ public:
     void decManual_Open(TextField& sender);
     void raManual_TextChange(TextField& sender);
     void decManual_TextChange(TextField& sender);
+    bool raManual_Paste(TextField& sender, std::string_view text);
     /// Enables `ManualEnterBtn` when both fields parse.
     void CheckManualData();
     void ManualEnterBtn_Action(PushButton& sender);
@@ -121,6 +122,7 @@ private:
     void exportRow(std::int64_t row, TextOutputStream& stream);
     bool refusesSpaces(const Popup& dialect, const FormatSelector& format);
     bool wantsSign(const TextField& field) const;
+    void setMasked(TextField& field, std::string_view text) const;
     std::int64_t storedRowCount() const;
     void restoreEpoch(EpochSelector& selector, std::string_view key);
     void restoreFormat(FormatSelector& selector, std::string_view key, std::string_view standard);

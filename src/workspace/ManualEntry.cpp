@@ -1,3 +1,5 @@
+#include "notation/PastedPosition.h"
+#include "platform/EntryMask.h"
 #include "platform/Text.h"
 #include "workspace/MainWindow.h"
 
@@ -27,6 +29,25 @@ void MainWindow::raManual_TextChange(TextField& sender) {
     inFormat.format().ImportRA(sender.text(), error);
     showVerdict(sender, error);
     CheckManualData();
+}
+
+/// Puts a pasted pair into both fields.
+bool MainWindow::raManual_Paste(TextField& /*sender*/, std::string_view text) {
+    if (!DataEntryMask.value())
+        return false;
+    const auto position = splitPosition(text, raManual.mask(), decManual.mask());
+    if (!position)
+        return false;
+    setMasked(raManual, position->ra);
+    setMasked(decManual, position->dec);
+    return true;
+}
+
+/// Puts a text that fits its mask into a field.
+void MainWindow::setMasked(TextField& field, std::string_view text) const {
+    const EntryMask mask(field.mask(), app_.desktop().locale.decimalPoint);
+    if (const auto entry = mask.replace({}, 0, 0, text))
+        field.setText(entry->text);
 }
 
 void MainWindow::decManual_TextChange(TextField& sender) {

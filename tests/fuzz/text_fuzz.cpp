@@ -4,7 +4,9 @@
 // An input's first byte selects the locale and the decimals; the rest is the text.
 
 #include "notation/LookAlikes.h"
+#include "notation/PastedPosition.h"
 #include "notation/RADecFormat.h"
+#include "platform/EntryMask.h"
 #include "shell/EpochSelector.h"
 #include "support/TestDesktop.h"
 #include "workspace/DelimitedText.h"
@@ -39,6 +41,22 @@ void splitLine(std::string_view line) {
     }
 }
 
+/// Pastes a text into the entry fields: what is translated fits the mask.
+void paste(std::string_view text, const RADecFormat& format) {
+    const std::string raMask = format.RAMask();
+    const std::string decMask = format.DecMask();
+    const auto requireFit = [](const std::string& fitted, const std::string& mask) {
+        require(EntryMask(mask, ".").replace({}, 0, 0, fitted).has_value());
+    };
+    for (const std::string& mask : {raMask, decMask})
+        if (const auto fitted = fitToMask(text, mask))
+            requireFit(*fitted, mask);
+    if (const auto position = splitPosition(text, raMask, decMask)) {
+        requireFit(position->ra, raMask);
+        requireFit(position->dec, decMask);
+    }
+}
+
 /// What every notation reads in a text: the bits of its value, and its error.
 using Readings = std::vector<std::pair<std::uint64_t, std::string_view>>;
 
@@ -47,6 +65,7 @@ Readings convert(std::string_view text, RADecFormat& format) {
     std::string_view error;
     for (const std::string& notation : RADecFormat::SupportedRAFormats()) {
         format.setRaFormat(notation);
+        paste(text, format);
         const double hours = format.ImportRA(text, error);
         require(!error.empty() || (hours >= 0 && hours < 24));
         readings.emplace_back(std::bit_cast<std::uint64_t>(hours), error);
@@ -54,6 +73,7 @@ Readings convert(std::string_view text, RADecFormat& format) {
     }
     for (const std::string& notation : RADecFormat::SupportedDecFormats()) {
         format.setDecFormat(notation);
+        paste(text, format);
         const double degrees = format.ImportDec(text, error);
         require(!error.empty() || std::abs(degrees) <= 90);
         readings.emplace_back(std::bit_cast<std::uint64_t>(degrees), error);

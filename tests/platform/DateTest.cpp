@@ -38,6 +38,18 @@ TEST(Date, SQLDateTakesRealDaysOnlyAndKeepsTheClockTime) {
     EXPECT_EQ(date, Date(2000, 2, 29, 11, 22, 33));
 }
 
+TEST(Date, WhatIsTypedIsADayOfTheCalendarOrNothing) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"2010-06-15", "2010-06-15"}, {" 2010/6/5 ", "2010-06-05"}, {"20100615", "2010-06-15"}, {"130.1.1", "0130-01-01"},
+        {"0100-01-01", "0100-01-01"}, {"9999 12 31", "9999-12-31"}, {"2000-02-29", "2000-02-29"}, {"0099-12-31", "none"},
+        {"2023-02-30", "none"}, {"1900-02-29", "none"}, {"2010-06-271", "none"}, {"2010-06-15-1", "none"}, {"20101301", "none"},
+        {"2010-06", "none"}, {"02010-06-15", "none"}, {"2010--15", "none"}, {"", "none"}, {"-", "none"}, {"2010-06-1x", "none"}};
+    for (const auto& [typed, day] : cases) {
+        const auto date = Date::fromTyped(typed);
+        EXPECT_EQ(date ? date->SQLDate() : "none", day) << typed;
+    }
+}
+
 #ifndef _WIN32
 TEST(SystemClock, TellsTheTimeOfItsTimeZone) {
     for (const auto& [zone, hours] : {std::pair{"UTC+12", -12}, {"UTC-14", 14}}) {

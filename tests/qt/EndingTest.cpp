@@ -21,7 +21,7 @@ TEST(Ending, QuitAndClosingRunTheCloseHandlersOnce) {
     shown.addRows(1);
     QTest::keyClick(shown.find("toEpoch/epochPopup"), Qt::Key_End);
     shown.find("toEpoch/epochDate")->setFocus();
-    QTest::keyClicks(shown.find("toEpoch/epochDate"), "1991");
+    QTest::keyClicks(shown.find("toEpoch/epochDate"), "1991-11-16");
     shown.view.findChild<QAction*>("FileQuit")->trigger();
     shown.view.close();
     EXPECT_EQ(codes, std::vector<int>{0});

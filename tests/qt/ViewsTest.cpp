@@ -1,9 +1,10 @@
 #include "qt/ShownWindow.h"
 
+#include <QAccessible>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -67,31 +68,117 @@ TEST(Views, APopupTellsOfEachChoiceOnceAndOfNothingElse) {
     EXPECT_EQ(changes, (std::vector<std::int64_t>{1, 2, -1}));
 }
 
-TEST(Views, TheDateIsShownUnderOtherAndHandedOverOncePerChange) {
+TEST(Views, ADateTypedWholeArrivesAndAnImpossibleOneStaysInRed) {
     OpenWindow shown;
-    auto& date = *shown.find<QDateEdit>("toEpoch/epochDate");
+    auto& date = *shown.find<QLineEdit>("toEpoch/epochDate");
+    auto& popup = *shown.find("toEpoch/epochPopup");
     EXPECT_FALSE(date.isVisible());
-    QTest::keyClick(shown.find("toEpoch/epochPopup"), Qt::Key_End);
+    QTest::keyClick(&popup, Qt::Key_End);
     EXPECT_TRUE(date.isVisible());
-
-    std::vector<std::string> changes;
+    std::string changes;
     shown.window.toEpoch.ValueChanged = [&](EpochSelector&, const Date& day) {
-        changes.push_back(day.SQLDate());
+        changes += day.SQLDate() + "|";
     };
+    const auto leave = [&] { shown.find("raManual")->setFocus(); };
+    const std::function<void()> entries[] = {
+        [&] { popup.setFocus(); QTest::keyClick(&popup, Qt::Key_Tab); },
+        [&] { QTest::mouseClick(&date, Qt::LeftButton, {}, {30, 5}); },
+        [&] { date.setFocus(); date.deselect(); QTest::keySequence(&date, QKeySequence::SelectAll); }};
+    for (const auto& enter : entries)
+        for (const bool byReturn : {true, false}) {
+            shown.window.toEpoch.epochDate.setDateValue(Date(1987, 3, 15));
+            leave();
+            enter();
+            QTest::keyClicks(&date, "2010-6-15");
+            byReturn ? QTest::keyClick(&date, Qt::Key_Return) : leave();
+            EXPECT_EQ(date.text(), "2010-06-15");
+        }
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(changes.substr(22 * i, 22), "1987-03-15|2010-06-15|");
+
+    changes.clear();
     date.setFocus();
-    date.setSelectedSection(QDateEdit::YearSection);
-    QTest::keyClicks(&date, "0130");
-    EXPECT_TRUE(changes.empty());
-    QTest::keyClick(&date, Qt::Key_Return);
-    EXPECT_EQ(changes, std::vector<std::string>{"0130-11-16"});
+    QTest::keyClicks(&date, "2023-02-30");
+    leave();
+    EXPECT_EQ(date.text(), "2023-02-30");
+    EXPECT_EQ(date.palette().color(QPalette::Text), QColor(0xFF, 0, 0));
+    date.setFocus();
+    QTest::keyClick(&date, Qt::Key_Escape);
+    EXPECT_EQ(date.text(), "2010-06-15");
+    EXPECT_EQ(changes, "");
+
+    QTest::keyClick(&date, Qt::Key_Up);
+    date.setCursorPosition(2);
+    QTest::keyClick(&date, Qt::Key_PageDown);
+    EXPECT_EQ(changes, "2010-06-16|2000-06-16|");
+    const auto turnWheel = [&] {
+        QWheelEvent wheel({5, 5}, date.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&date, &wheel);
+    };
+    turnWheel();
+    leave();
+    turnWheel();
+    EXPECT_EQ(date.text(), "1999-06-16");
+    date.setFocus();
+    QTest::keyClick(&date, Qt::Key_Down, Qt::AltModifier);
+    auto* const calendar = dynamic_cast<QCalendarWidget*>(QApplication::activePopupWidget());
+    ASSERT_NE(calendar, nullptr);
+    emit calendar->activated(QDate(1999, 6, 20));
+    EXPECT_EQ(changes, "2010-06-16|2000-06-16|1999-06-16|1999-06-20|");
 
     shown.window.toEpoch.epochDate.setDateValue(Date(12345, 1, 1));
-    EXPECT_EQ(date.date(), QDate(9999, 12, 31));
-    shown.window.toEpoch.epochDate.setDateValue(Date(50, 3, 1));
-    EXPECT_EQ(date.date(), QDate(100, 1, 1));
-    QTest::keyClick(&date, Qt::Key_Return);
-    shown.find("raManual")->setFocus();
-    EXPECT_EQ(shown.window.toEpoch.epochDate.dateValue().SQLDate(), "0050-03-01");
+    EXPECT_EQ(date.text(), "12345-01-01");
+    leave();
+    EXPECT_EQ(shown.window.toEpoch.epochDate.dateValue().SQLDate(), "12345-01-01");
+}
+
+TEST(Views, WhatAssistiveTechnologyWritesIsEnteredAndItReadsTheVerdict) {
+    OpenWindow shown;
+    auto& ra = *shown.find<QLineEdit>("raManual");
+    auto* const accessible = QAccessible::queryAccessibleInterface(&ra);
+    const std::array<const char*, 3> writings[] = {
+        {"", "", "HH MM: No data!"}, {"12\u00A031.5", "12 31.5", "HH MM"}, {"x", "x", "HH MM"},
+        {"31:00", "31 00", "HH MM: Hours must be non-negative and less than 24"}};
+    for (const auto& [written, text, description] : writings) {
+        accessible->editableTextInterface()->replaceText(0, int(ra.text().size()), written);
+        EXPECT_EQ(shown.window.raManual.text(), text);
+        EXPECT_EQ(toUtf8(ra.text()), text);
+        EXPECT_EQ(toUtf8(accessible->text(QAccessible::Description)), description);
+    }
+    auto& date = *shown.find<QLineEdit>("fromEpoch/epochDate");
+    date.setText("2011-2-3");
+    EXPECT_EQ(shown.window.fromEpoch.epochDate.dateValue().SQLDate(), "2011-02-03");
+}
+
+TEST(Views, APastedPairFillsBothFieldsAndARefusalIsToldUntilTheNextKey) {
+    OpenWindow shown;
+    auto& ra = *shown.find<QLineEdit>("raManual");
+    const auto paste = [&](const char* text) {
+        QGuiApplication::clipboard()->setText(text);
+        QTest::keySequence(&ra, QKeySequence::Paste);
+        return shown.window.raManual.text() + "|" + shown.window.decManual.text();
+    };
+    EXPECT_EQ(paste("12h30.1234567m\t\u221205\u00B010.5'"), "12 30.12345|-05 10.5");
+    ra.clear();
+    EXPECT_EQ(paste("05h34.5m"), "05 34.5|-05 10.5");
+    EXPECT_EQ(paste("M 31"), "05 34.5|-05 10.5");
+    EXPECT_EQ(ra.toolTip(), "The pasted text does not fit HH MM.");
+    QTest::keyClick(&ra, Qt::Key_Right);
+    EXPECT_EQ(ra.toolTip(), "");
+    QTest::keyClick(shown.find("DataEntryMask"), Qt::Key_Space);
+    shown.advance();
+    ra.clear();
+    EXPECT_EQ(paste("12 30 +05 10"), "12 30 +05 10|-05 10.5") << "free text stays free";
+}
+
+TEST(Views, TheFocusStandsInRightAscensionAtTheStartAndAfterClear) {
+    OpenWindow shown;
+    EXPECT_EQ(QApplication::focusWidget(), shown.find("raManual"));
+    shown.window.ConvertCoordinates("1", "1");
+    shown.find("ClearListButton")->setFocus();
+    QTest::keyClick(shown.find("ClearListButton"), Qt::Key_Space);
+    EXPECT_EQ(QApplication::focusWidget(), shown.find("raManual"));
 }
 
 TEST(Views, ABoxThatIsMixedStaysSoUnderAClick) {
@@ -140,6 +227,31 @@ TEST(Views, TheEditMenuActsOnTheFieldThatHasTheFocus) {
     shown.find("list")->setFocus();
     action("EditSelectAll")->trigger();
     EXPECT_EQ(shown.window.list.selection(), (std::vector<RowRange>{{0, 2}}));
+}
+
+TEST(Views, TheEditMenuByKeyboardActsOnTheSelection) {
+    OpenWindow shown;
+    QTest::keyClick(shown.find("toEpoch/epochPopup"), Qt::Key_End);
+    auto& menu = *shown.view.findChild<QMenu*>("EditMenu");
+    const auto choose = [&](char access) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_E, Qt::AltModifier);
+        QTest::keyClick(&menu, access);
+    };
+    for (const char* const name : {"decManual", "toEpoch/epochDate"}) {
+        auto& field = *shown.find<QLineEdit>(name);
+        field.setFocus();
+        field.clear();
+        QTest::keyClicks(&field, "-12");
+        const std::pair<char, const char*> steps[] = {{'C', "-12"}, {'T', ""}, {'P', "-12"}, {'D', ""}, {'U', "-12"}};
+        for (const auto& [access, text] : steps) {
+            if (!field.text().isEmpty())
+                choose('A');
+            choose(access);
+            EXPECT_EQ(toUtf8(field.text()), text) << name << access;
+            EXPECT_TRUE(field.hasFocus());
+            EXPECT_EQ(QGuiApplication::clipboard()->text(), "-12");
+        }
+    }
 }
 
 } // namespace skyvert::views_test
