@@ -23,7 +23,11 @@ public:
         return out;
     }
 
+    void StartIn(const std::filesystem::path& /*folder*/) override {}
+
     void MsgBox(std::string_view text) override { std::cerr << text << '\n'; }
+
+    void ErrorBox(std::string_view text) override { MsgBox(text); }
 
     std::filesystem::path in;
     std::filesystem::path out;

@@ -24,7 +24,7 @@ void dispatch(Dialogs& dialogs, const std::function<void()>& handler) {
     } catch (const std::bad_alloc&) {
         tellOfMemory(dialogs);
     } catch (const std::exception& error) {
-        dialogs.MsgBox(error.what());
+        dialogs.ErrorBox(error.what());
     }
 }
 

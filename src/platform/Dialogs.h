@@ -32,8 +32,14 @@ public:
     virtual std::optional<std::filesystem::path>
     GetSaveFolderItem(const FileType& filter, std::string_view defaultName) = 0;
 
+    /// Opens the next file dialogs in this folder, those of later runs included.
+    virtual void StartIn(const std::filesystem::path& folder) = 0;
+
     /// Shows a message with one button.
     virtual void MsgBox(std::string_view text) = 0;
+
+    /// Shows why something has failed, with one button.
+    virtual void ErrorBox(std::string_view text) = 0;
 };
 
 /// The one place where what leaves a handler as an exception ends: a message box with the reason.

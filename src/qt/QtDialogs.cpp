@@ -3,55 +3,115 @@
 #include "qt/QtText.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QMessageBox>
+#include <QSettings>
+#include <QUrl>
 
 namespace skyvert {
 
 namespace {
 
-/// The choices of files to be listed: those of the type, then all. Example of the first:
-/// "text/plain (*.asc *.txt)".
-QStringList nameFilters(const FileType& type) {
+/// Where Qt's file dialogs leave the folder that they were in last.
+constexpr const char* kFolderKey = "FileDialog/lastVisited";
+
+QSettings toolkitSettings() {
+    return QSettings(QSettings::UserScope, "QtProject");
+}
+
+/// Where file dialogs start; at first, and where that folder is gone, the user's own.
+QString startFolder() {
+    const QString kept = toolkitSettings().value(kFolderKey).toUrl().toLocalFile();
+    return QFileInfo(kept).isDir() ? kept : QDir::homePath();
+}
+
+/// The choices of files to be listed. `suffix` comes first, for Qt puts the first one into the name
+/// when the choice changes.
+QStringList nameFilters(const FileType& type, const QString& suffix) {
     const QString all = "All files (*)";
     if (type.Extensions.empty())
         return {all};
-    const QStringList extensions = toQString(type.Extensions).split(';');
-    return {toQString(type.Name) + " (*" + extensions.join(" *") + ")", all};
+    const QString first = "*." + suffix;
+    QStringList patterns = ("*" + toQString(type.Extensions).replace(";", ";*")).split(';');
+    patterns.removeAll(first);
+    return {"Text files (" + first + ")",
+            "Text documents and sources (" + first + " " + patterns.join(' ') + ")", all};
+}
+
+/// The desktop's own dialogs ask before a file is replaced, but for the name as it was typed; Qt's,
+/// which alone has a layout, asks for the one with the suffix.
+bool isReplacementAsked(QFileDialog& dialog) {
+    const QStringList completed = dialog.selectedFiles();
+    const QString suffix = dialog.defaultSuffix();
+    dialog.setDefaultSuffix({});
+    const bool isAsTyped = dialog.selectedFiles() == completed;
+    dialog.setDefaultSuffix(suffix);
+    return dialog.layout() != nullptr || isAsTyped;
+}
+
+bool mayReplace(QFileDialog& dialog) {
+    const QFileInfo file(dialog.selectedFiles().value(0));
+    return isReplacementAsked(dialog) || !file.exists() ||
+           QMessageBox::question(QApplication::activeWindow(), QCoreApplication::applicationName(),
+                                 "\"" + file.fileName() + "\" already exists. Replace it?") ==
+               QMessageBox::Yes;
+}
+
+/// Runs a dialog. Qt would keep the folders that are looked at on the way.
+std::optional<std::filesystem::path> ask(QFileDialog& dialog) {
+    const QDir start = dialog.directory();
+    const bool isAccepted = dialog.exec() == QDialog::Accepted && mayReplace(dialog);
+    const QStringList chosen = dialog.selectedFiles();
+    dialog.setDirectory(start);
+    if (!isAccepted || chosen.isEmpty())
+        return std::nullopt;
+    return QFileInfo(chosen.constFirst()).filesystemFilePath();
+}
+
+void showMessage(QMessageBox::Icon icon, std::string_view text) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setIcon(icon);
+    box.setWindowTitle(QCoreApplication::applicationName());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(toQString(text));
+    box.exec();
 }
 
 } // namespace
 
 std::optional<std::filesystem::path> QtDialogs::GetOpenFolderItem(const FileType& filter) {
-    QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
+    QFileDialog dialog(QApplication::activeWindow(), {}, startFolder());
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return ask(dialog, filter);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(nameFilters(filter, {}));
+    return ask(dialog);
 }
 
 std::optional<std::filesystem::path> QtDialogs::GetSaveFolderItem(const FileType& filter,
                                                                   std::string_view defaultName) {
-    QFileDialog dialog(QApplication::activeWindow(), {}, folder_);
+    QFileDialog dialog(QApplication::activeWindow(), {}, startFolder());
+    const QString name = toQString(defaultName);
+    const QString suffix = QFileInfo(name).suffix();
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.selectFile(toQString(defaultName));
-    return ask(dialog, filter);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(nameFilters(filter, suffix));
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(name); // the last: filters that come later change its suffix
+    return ask(dialog);
 }
 
-std::optional<std::filesystem::path> QtDialogs::ask(QFileDialog& dialog, const FileType& filter) {
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(nameFilters(filter));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    const QFileInfo chosen(dialog.selectedFiles().constFirst());
-    folder_ = chosen.absolutePath();
-    return chosen.filesystemFilePath();
+void QtDialogs::StartIn(const std::filesystem::path& folder) {
+    toolkitSettings().setValue(kFolderKey,
+                               QUrl::fromLocalFile(QDir(folder).absolutePath()).toString());
 }
 
 void QtDialogs::MsgBox(std::string_view text) {
-    QMessageBox box(QApplication::activeWindow());
-    box.setWindowTitle(QCoreApplication::applicationName());
-    box.setTextFormat(Qt::PlainText);
-    box.setText(toQString(text));
-    box.exec();
+    showMessage(QMessageBox::Warning, text);
+}
+
+void QtDialogs::ErrorBox(std::string_view text) {
+    showMessage(QMessageBox::Critical, text);
 }
 
 } // namespace skyvert

@@ -17,6 +17,7 @@ void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
             return; // the stream leaves the old file in its place
     }
     stream.Close();
+    app_.desktop().dialogs.StartIn(file->parent_path());
 }
 
 /// Writes one row as one line; row -1 are the headings. Without a dialect nothing is written.

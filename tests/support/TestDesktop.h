@@ -67,9 +67,14 @@ struct ScriptedDialogs : Dialogs {
         return file;
     }
 
+    void StartIn(const std::filesystem::path& folder) override { start = folder; }
+
     void MsgBox(std::string_view text) override { messages.append(text).append("|"); }
 
+    void ErrorBox(std::string_view text) override { MsgBox(text); }
+
     std::optional<std::filesystem::path> file;
+    std::filesystem::path start;
     std::string asked;
     std::string messages;
 };
