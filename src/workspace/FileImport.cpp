@@ -23,10 +23,27 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
     const auto file = app_.desktop().dialogs.GetOpenFolderItem(FileTypes::Any);
     if (!file || isClosed())
         return;
-    TextInputStream stream = TextInputStream::Open(*file);
+    importFile(*file);
+    app_.desktop().dialogs.StartIn(file->parent_path());
+}
+
+void MainWindow::FilesDropped(std::span<const std::filesystem::path> files) {
+    if (refusesSpaces(fileFormat, inFormat))
+        return;
+    bool goesOn = true;
+    for (const std::filesystem::path& file : files) {
+        if (goesOn && !isClosed())
+            dispatch(app_.desktop().dialogs, [&] { goesOn = importFile(file); });
+    }
+}
+
+/// Adds the positions in a file. Returns false when the user has stopped it.
+bool MainWindow::importFile(const std::filesystem::path& file) {
+    TextInputStream stream = TextInputStream::Open(file);
     RowWork work(app_.desktop().progress, "Importing", StoppedBy::User);
     const auto fraction = [&stream] { return stream.fractionRead(); };
-    for (bool goesOn = true; goesOn && !stream.endOfFile();) {
+    bool goesOn = true;
+    while (goesOn && !stream.endOfFile()) {
         const std::string_view line = stream.ReadLine();
         importLine(line);
         goesOn = work.rowDone(fraction, line.size());
@@ -34,6 +51,7 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
             goesOn = work.bytesDone(fraction, TextInputStream::kPieceSize);
     }
     stream.Close();
+    return goesOn;
 }
 
 /// Adds the position in one line of a file; what stands behind the second field is ignored.

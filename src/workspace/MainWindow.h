@@ -12,7 +12,9 @@
 #include "workspace/DelimitedText.h"
 
 #include <array>
+#include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +46,10 @@ public:
 
     // Import and export
     void FileImportBtn_Action(PushButton& sender);
+    /// Imports files one after another, as if each had been chosen in the dialog of
+    /// `FileImportBtn`. A file that cannot be read is reported and keeps none of the others out;
+    /// one that the user stops does.
+    void FilesDropped(std::span<const std::filesystem::path> files);
     void ExportListBtn_Action(PushButton& sender);
 
     // Manual entry
@@ -118,6 +124,7 @@ private:
     Preferences& prefs() const { return app_.prefs(); }
 
     const Precession& precession();
+    bool importFile(const std::filesystem::path& file);
     void importLine(std::string_view line);
     void exportRow(std::int64_t row, TextOutputStream& stream);
     bool refusesSpaces(const Popup& dialect, const FormatSelector& format);

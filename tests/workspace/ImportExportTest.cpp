@@ -62,7 +62,10 @@ TEST_F(ImportExportTest, SpacesInTheDataAreRefusedBeforeAnyDialog) {
     EXPECT_EQ(dialogs.messages, refusal + refusal);
     EXPECT_EQ(dialogs.asked, "");
     exported("Tab-separated");
+    EXPECT_EQ(dialogs.start, folder.path());
+    dialogs.start.clear();
     import("Tab-separated", "");
+    EXPECT_EQ(dialogs.start, folder.path());
     EXPECT_EQ(dialogs.asked, "save text/plain list.txt|open special/any|");
 }
 
@@ -94,6 +97,7 @@ TEST_F(ImportExportTest, ADialogCancelledOrAFileThatFailsChangesNothing) {
     dialogs.file = folder / "none/list.txt";
     EXPECT_THROW(main.FileImportBtn.press(), FileError);
     EXPECT_THROW(main.ExportListBtn.press(), FileError);
+    EXPECT_EQ(dialogs.start, "");
     EXPECT_EQ(main.list.RowCount(), 1);
 }
 
