@@ -192,14 +192,29 @@ void MaskedLineEdit::mouseReleaseEvent(QMouseEvent* event) {
     pasteText(clipboard.text(QClipboard::Selection));
 }
 
+void MaskedLineEdit::dragEnterEvent(QDragEnterEvent* event) {
+    dragMoveEvent(event);
+}
+
+/// Files are for the window. Text is copied and never moved: were it refused, it would be lost.
+void MaskedLineEdit::dragMoveEvent(QDragMoveEvent* event) {
+    event->ignore();
+    if (event->mimeData()->hasUrls())
+        return;
+    QLineEdit::dragMoveEvent(event);
+    event->setDropAction(Qt::CopyAction);
+}
+
 void MaskedLineEdit::dropEvent(QDropEvent* event) {
     if (isReadOnly())
         return;
     QDragLeaveEvent leave;
     dragLeaveEvent(&leave);
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
-    event->acceptProposedAction();
+    const QString before = text();
     pasteText(event->mimeData()->text());
+    event->setDropAction(text() == before ? Qt::IgnoreAction : Qt::CopyAction);
+    event->setAccepted(text() != before);
 }
 
 void MaskedLineEdit::eraseSelection() {

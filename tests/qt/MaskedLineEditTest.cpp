@@ -97,6 +97,13 @@ TEST_F(MaskedLineEditTest, InputMethodsDroppingAndCuttingAskTheMaskToo) {
     QDropEvent drop({500, 5}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&field, &drop);
 
+    EXPECT_TRUE(drop.isAccepted());
+    dragged.setText("x");
+    QApplication::sendEvent(&field, &enter);
+    QDropEvent refused({500, 5}, Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &refused);
+    EXPECT_EQ(refused.dropAction(), Qt::IgnoreAction);
+
     field.setSelection(1, 3);
     press(QKeySequence::Cut);
     EXPECT_EQ(QApplication::clipboard()->text(), "2 4");
