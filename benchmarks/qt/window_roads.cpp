@@ -81,7 +81,7 @@ int runProgram(const std::string& road, char* argv[]) {
     MainWindowView view(window, app);
     QTableView& table = *view.findChild<QTableView*>();
     PaintCounter painted(*table.viewport());
-    view.open();
+    view.open({0, 0, 1280, 1024});
     processEventsUntil([&] { return painted.count > 0; });
     if (road == "empty")
         return 0;

@@ -20,6 +20,10 @@ constexpr int kColumnGap = 6;
 constexpr int kRowGap = 4;
 constexpr int kTolerance = 4; ///< offsets up to this still count as one row or one column
 constexpr double kSmallestPointSize = 6.0;
+constexpr int kListRowHeight = 20; ///< in points
+
+/// Up to here the letters give way and not the window: by one or two sizes at most.
+constexpr double kAlmostOne = 1.125;
 
 template <typename ControlType, typename View>
 QWidget* makeView(Control& control, const Desktop& desktop, QWidget* parent) {
@@ -198,9 +202,8 @@ void collectTabStops(std::vector<ShownControl> controls, std::vector<QWidget*>& 
 }
 
 /// Where a control stands once the window has grown by this much.
-QRect lockedGeometry(const ControlLayout& layout, QSize growth) {
-    QRect place(layout.left, layout.top, layout.width, layout.height);
-    const auto follows = [&layout](Lock side) { return (layout.locks & side) != 0; };
+QRect lockedGeometry(QRect place, unsigned locks, QSize growth) {
+    const auto follows = [locks](Lock side) { return (locks & side) != 0; };
     if (follows(kLockRight))
         place.setRight(place.right() + growth.width());
     if (!follows(kLockLeft))
@@ -255,27 +258,59 @@ void LockedPane::place(std::vector<ShownControl> controls) {
     controls_ = std::move(controls);
 }
 
-void LockedPane::fitFont() {
+void LockedPane::settlePoint(double largest) {
+    const double needed = neededPixels();
+    pixelsPerPoint_ = std::min(needed <= kAlmostOne ? 1.0 : needed, largest);
+}
+
+void LockedPane::fit(double largest) {
+    settlePoint(largest);
     QFont smaller = font();
-    while (!fits() && smaller.pointSizeF() > kSmallestPointSize) {
+    while (neededPixels() > pixelsPerPoint_ && smaller.pointSizeF() > kSmallestPointSize) {
         smaller.setPointSizeF(smaller.pointSizeF() - 0.5);
         setFont(smaller);
     }
+    pixelsPerPoint_ = std::max(pixelsPerPoint_, neededPixels());
+    for (const ShownControl& shown : controls_) {
+        if (auto* const list = dynamic_cast<ListboxView*>(shown.widget))
+            list->setRowHeight(toPixels(kListRowHeight));
+    }
 }
 
-bool LockedPane::fits() const {
-    return std::all_of(controls_.begin(), controls_.end(), [](const ShownControl& shown) {
-        const QSize needed = shown.widget->minimumSizeHint();
+/// How large a point must be for every group to hold what stands in it.
+double LockedPane::neededPixels() const {
+    double pixels = 0;
+    for (const ShownControl& shown : controls_) {
+        const QSizeF size = shown.widget->minimumSizeHint();
         const ControlLayout& layout = shown.control->layout();
-        return shown.members.empty() ||
-               (needed.width() <= layout.width && needed.height() <= layout.height);
-    });
+        if (!shown.members.empty())
+            pixels = std::max({pixels, size.width() / layout.width, size.height() / layout.height});
+    }
+    return pixels;
+}
+
+int LockedPane::toPixels(int points) const {
+    return qRound(points * pixelsPerPoint_);
+}
+
+int LockedPane::toPoints(int pixels) const {
+    return qRound(pixels / pixelsPerPoint_);
+}
+
+/// Edges are rounded and not lengths, so that gaps stay even.
+QRect LockedPane::toPixels(const ControlLayout& layout) const {
+    return {
+        QPoint(toPixels(layout.left), toPixels(layout.top)),
+        QPoint(toPixels(layout.left + layout.width) - 1, toPixels(layout.top + layout.height) - 1)};
 }
 
 void LockedPane::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    const QSize growth =
+        size() - QSize(toPixels(designSize_.width()), toPixels(designSize_.height()));
     for (const ShownControl& shown : controls_) {
-        const QRect locked = lockedGeometry(shown.control->layout(), size() - designSize_);
+        const ControlLayout& layout = shown.control->layout();
+        const QRect locked = lockedGeometry(toPixels(layout), layout.locks, growth);
         shown.widget->setGeometry(grownTo(*shown.widget, locked));
     }
 }

@@ -26,26 +26,39 @@ std::vector<ShownControl> showControls(const std::vector<Control*>& controls,
 void orderTabStops(const std::vector<ShownControl>& controls);
 
 /// An area whose widgets stand where the layout table puts them, and keep their distance to the
-/// sides that they are locked to.
+/// sides that they are locked to. A point of the table is a pixel until another size is settled.
 class LockedPane final : public QWidget {
 public:
+    /// `designSize` is that of the window in the table, in points.
     LockedPane(QSize designSize, QWidget* parent);
 
     /// Takes in the widgets of controls that stand in no other.
     void place(std::vector<ShownControl> controls);
 
-    /// Makes the font smaller until everything fits its place in the table. Done once the texts
-    /// are known; no font that the design allows for needs it.
-    void fitFont();
+    /// Settles how many pixels a point is: one where the letters fit, or almost, and more for
+    /// larger letters, `largest` at most.
+    void settlePoint(double largest);
+
+    /// Does the same, and makes letters smaller that do not fit even so; if they would become too
+    /// small, a point is more than `largest`. Done when all texts are known.
+    void fit(double largest);
+
+    /// A length in pixels.
+    int toPixels(int points) const;
+
+    /// A length in points; `toPixels` gives it back unless a point is less than a pixel.
+    int toPoints(int pixels) const;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    bool fits() const;
+    double neededPixels() const;
+    QRect toPixels(const ControlLayout& layout) const;
 
     QSize designSize_;
     std::vector<ShownControl> controls_;
+    double pixelsPerPoint_ = 1.0;
 };
 
 } // namespace skyvert

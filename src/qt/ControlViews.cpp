@@ -31,7 +31,8 @@ void focusNextTextField(const QWidget& from) {
 } // namespace
 
 int heightFor(const QWidget& widget) {
-    return std::max(kControlHeight, widget.fontMetrics().height() + 4);
+    const int letters = widget.fontMetrics().height();
+    return std::max(std::min(kControlHeight, letters * 7 / 4), letters + 4);
 }
 
 void mirrorControl(const Control& control, QWidget& widget) {

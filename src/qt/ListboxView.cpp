@@ -16,8 +16,6 @@ namespace skyvert {
 
 namespace {
 
-constexpr int kRowHeight = 20;
-
 /// One cell of the table as a surface.
 class CellGraphics final : public Graphics {
 public:
@@ -68,8 +66,6 @@ void setUpHeaders(QTableView& table) {
     QHeaderView& rows = *table.verticalHeader();
     rows.hide();
     rows.setSectionResizeMode(QHeaderView::Fixed);
-    rows.setMinimumSectionSize(kRowHeight);
-    rows.setDefaultSectionSize(kRowHeight);
 }
 
 bool isInput(QEvent::Type type) {
@@ -180,6 +176,11 @@ std::vector<RowRange> ListboxView::shownSelection() const {
     for (const QItemSelectionRange& range : selectionModel()->selection())
         ranges.push_back({range.top(), range.bottom()});
     return ranges;
+}
+
+void ListboxView::setRowHeight(int height) {
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
 }
 
 void ListboxView::copySelection() {

@@ -16,6 +16,13 @@ public:
 
     void refresh() override;
 
+    /// In pixels.
+    void setRowHeight(int height);
+
+    bool hasRows() const { return control().RowCount() > 0; }
+
+    bool hasSelectedRows() const { return !control().selection().empty(); }
+
     /// Puts the selected rows on the clipboard; leaves it alone while none is selected.
     void copySelection();
 

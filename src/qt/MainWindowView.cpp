@@ -6,19 +6,45 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QScreen>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QTimer>
 
 #include <algorithm>
 
 namespace skyvert {
 
+namespace {
+
+/// Room for what a window manager puts around a window, which is not known before it is shown.
+constexpr QSize kFrame(8, 48);
+
+/// The files of this machine that are being dragged.
+std::vector<std::filesystem::path> filesIn(const QMimeData& dragged) {
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : dragged.urls()) {
+        if (url.isLocalFile())
+            files.push_back(QFileInfo(url.toLocalFile()).filesystemFilePath());
+    }
+    return files;
+}
+
+/// Wayland tells no program where its windows stand.
+bool isPlaceTold() {
+    return !QGuiApplication::platformName().startsWith("wayland");
+}
+
+} // namespace
+
 MainWindowView::MainWindowView(MainWindow& window, const App& app)
     : window_(window), desktop_(app.desktop()),
       pane_(new LockedPane({window.layout().width, window.layout().height}, this)) {
     setObjectName(toQString(window.name()));
-    new MenuBarView(app.menuBar(), *menuBar());
+    setAcceptDrops(true);
     setCentralWidget(pane_);
     addControls();
+    new MenuBarView(app.menuBar(), *menuBar());
     limitSize();
     window_.setView(this);
 }
@@ -51,17 +77,17 @@ void MainWindowView::keyPressEvent(QKeyEvent* event) {
 }
 
 void MainWindowView::limitSize() {
-    setFixedWidth(window_.width());
-    setMinimumHeight(window_.minimumHeight() + menuBarHeight());
-    setMaximumHeight(window_.maximumHeight() + menuBarHeight());
+    setFixedWidth(widthInPixels());
+    setMinimumHeight(pane_->toPixels(window_.minimumHeight()) + menuBarHeight());
+    setMaximumHeight(pane_->toPixels(window_.maximumHeight()) + menuBarHeight());
 }
 
-void MainWindowView::open() {
-    const QPoint position = defaultPosition();
-    window_.setLeft(position.x());
-    window_.setTop(position.y());
+void MainWindowView::open(const QRect& screenArea) {
+    const double largest = largestPoint(screenArea.size() - kFrame);
+    pane_->settlePoint(largest);
+    setDefaultPlace(screenArea);
     dispatch(desktop_.dialogs, [this] { window_.open(); });
-    pane_->fitFont();
+    pane_->fit(largest);
     limitSize();
     refresh();
     show();
@@ -69,15 +95,31 @@ void MainWindowView::open() {
     reportPlace();
 }
 
-/// The centre of the screen, without what panels and docks cover of it.
-QPoint MainWindowView::defaultPosition() const {
-    QRect place(0, 0, window_.width(), window_.height() + menuBarHeight());
-    place.moveCenter(screen()->availableGeometry().center());
-    return place.topLeft();
+/// How many pixels a point can be for a window of the least height to fit into the room.
+double MainWindowView::largestPoint(const QSize& room) const {
+    return std::min(double(room.width()) / window_.width(),
+                    double(room.height() - menuBarHeight()) / window_.minimumHeight());
+}
+
+/// The centre of the screen; the height is that of the table as far as there is room for it.
+void MainWindowView::setDefaultPlace(const QRect& screenArea) {
+    const int room = screenArea.height() - kFrame.height() - menuBarHeight();
+    window_.setHeight(
+        std::max(std::min(window_.height(), pane_->toPoints(room)), window_.minimumHeight()));
+    const QSize size(widthInPixels(),
+                     pane_->toPixels(window_.height()) + menuBarHeight() + kFrame.height());
+    QRect place({}, size);
+    place.moveCenter(screenArea.center());
+    window_.setLeft(place.left());
+    window_.setTop(place.top());
+}
+
+int MainWindowView::widthInPixels() const {
+    return pane_->toPixels(window_.width());
 }
 
 int MainWindowView::menuBarHeight() const {
-    return menuBar()->isNativeMenuBar() ? 0 : menuBar()->heightForWidth(window_.width());
+    return menuBar()->isNativeMenuBar() ? 0 : menuBar()->heightForWidth(widthInPixels());
 }
 
 void MainWindowView::refresh() {
@@ -87,16 +129,21 @@ void MainWindowView::refresh() {
     move(window_.left(), window_.top());
     const int height =
         std::clamp(window_.height(), window_.minimumHeight(), window_.maximumHeight());
-    resize(window_.width(), height + menuBarHeight());
+    resize(widthInPixels(), pane_->toPixels(height) + menuBarHeight());
 }
 
 void MainWindowView::reportPlace() {
     if (!isVisible())
         return;
     const SettingGuard guard(reporting_);
-    window_.setLeft(pos().x());
-    window_.setTop(pos().y());
-    window_.setHeight(height() - menuBarHeight());
+    if (isPlaceTold()) {
+        window_.setLeft(pos().x());
+        window_.setTop(pos().y());
+    }
+    const int shown = height() - menuBarHeight();
+    // Several heights in points may share one in pixels: the one that was asked for stays.
+    if (shown != pane_->toPixels(window_.height()))
+        window_.setHeight(pane_->toPoints(shown));
 }
 
 void MainWindowView::moveEvent(QMoveEvent* event) {
@@ -107,6 +154,19 @@ void MainWindowView::moveEvent(QMoveEvent* event) {
 void MainWindowView::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     reportPlace();
+}
+
+void MainWindowView::dragEnterEvent(QDragEnterEvent* event) {
+    event->setDropAction(Qt::CopyAction); // files stay where they are
+    event->setAccepted(!filesIn(*event->mimeData()).empty());
+}
+
+void MainWindowView::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    QTimer::singleShot(0, this, [this, files = filesIn(*event->mimeData())] {
+        dispatch(desktop_.dialogs, [&] { window_.FilesDropped(files); });
+    });
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {

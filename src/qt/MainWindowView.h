@@ -15,8 +15,9 @@ public:
     ~MainWindowView() override;
 
     /// Tells the window where it will stand by default, runs its open handlers, which may restore
-    /// another place, and shows it.
-    void open();
+    /// another place, and shows it. `screenArea` is what panels and docks leave of the screen, in
+    /// pixels: the window fits into it as far as its letters can be read.
+    void open(const QRect& screenArea);
 
     /// Closes whatever is open, dialogs and popups first, so that the program ends the orderly way
     /// at whatever moment it is told to end.
@@ -33,13 +34,18 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    /// Imports files, once the program that they come from has been answered.
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void addControls();
     void pressDefaultButton();
+    double largestPoint(const QSize& room) const;
     void limitSize();
-    QPoint defaultPosition() const;
+    void setDefaultPlace(const QRect& screenArea);
     void reportPlace();
+    int widthInPixels() const;
     int menuBarHeight() const;
 
     MainWindow& window_;

@@ -16,11 +16,13 @@ namespace skyvert {
 
 namespace {
 
-/// What an Edit item does in a text field and in the list; a list knows only some of it.
+/// What an Edit item does in a text field and in the list, and when it can; a list knows only some
+/// of it.
 struct EditCommand {
     MenuCommand command;
     bool (*possible)(const QLineEdit&);
     void (*inField)(QLineEdit&);
+    bool (*possibleInList)(const ListboxView&);
     void (*inList)(ListboxView&);
 };
 
@@ -40,16 +42,19 @@ void pressDelete(QLineEdit& field) {
 
 constexpr std::array<EditCommand, 6> kEditCommands{{
     {MenuCommand::Undo, [](const QLineEdit& field) { return field.isUndoAvailable(); },
-     [](QLineEdit& field) { callSlot(field, "undo"); }, nullptr},
-    {MenuCommand::Cut, &hasSelection, [](QLineEdit& field) { callSlot(field, "cut"); }, nullptr},
+     [](QLineEdit& field) { callSlot(field, "undo"); }, nullptr, nullptr},
+    {MenuCommand::Cut, &hasSelection, [](QLineEdit& field) { callSlot(field, "cut"); }, nullptr,
+     nullptr},
     {MenuCommand::Copy, &hasSelection, [](QLineEdit& field) { callSlot(field, "copy"); },
+     [](const ListboxView& list) { return list.hasSelectedRows(); },
      [](ListboxView& list) { list.copySelection(); }},
     {MenuCommand::Paste,
      [](const QLineEdit&) { return !QGuiApplication::clipboard()->text().isEmpty(); },
-     [](QLineEdit& field) { callSlot(field, "paste"); }, nullptr},
-    {MenuCommand::Delete, &hasSelection, &pressDelete, nullptr},
+     [](QLineEdit& field) { callSlot(field, "paste"); }, nullptr, nullptr},
+    {MenuCommand::Delete, &hasSelection, &pressDelete, nullptr, nullptr},
     {MenuCommand::SelectAll, [](const QLineEdit& field) { return !field.text().isEmpty(); },
      [](QLineEdit& field) { callSlot(field, "selectAll"); },
+     [](const ListboxView& list) { return list.hasRows(); },
      [](ListboxView& list) { list.selectAll(); }},
 }};
 
@@ -59,22 +64,28 @@ const EditCommand* editCommand(MenuCommand command) {
     return found == kEditCommands.end() ? nullptr : &*found;
 }
 
-bool isPossible(const EditCommand& command, QWidget* target) {
+bool isPossible(const EditCommand& command, QWidget* target, const ListboxView& list) {
     if (const auto* const field = qobject_cast<QLineEdit*>(target))
         return command.possible(*field);
-    return command.inList != nullptr && dynamic_cast<ListboxView*>(target) != nullptr;
+    return command.possibleInList != nullptr && command.possibleInList(list);
 }
 
-void perform(const EditCommand& command, QWidget* target) {
+void perform(const EditCommand& command, QWidget* target, ListboxView& list) {
     if (auto* const field = qobject_cast<QLineEdit*>(target))
         command.inField(*field);
-    else if (auto* const list = dynamic_cast<ListboxView*>(target); list && command.inList)
-        command.inList(*list);
+    else if (command.inList != nullptr)
+        command.inList(list);
+}
+
+/// A window's list. A calendar that pops up is a table as well, hence the name.
+ListboxView& listOf(const QWidget& window) {
+    return dynamic_cast<ListboxView&>(*window.findChild<QTableView*>("list"));
 }
 
 } // namespace
 
-MenuBarView::MenuBarView(const MainMenuBar& menus, QMenuBar& bar) : QObject(&bar), bar_(bar) {
+MenuBarView::MenuBarView(const MainMenuBar& menus, QMenuBar& bar)
+    : QObject(&bar), bar_(bar), list_(listOf(*bar.window())) {
     for (const MenuItem& item : menus.items()) {
         if (item.Parent.empty())
             addMenu(item);
@@ -83,7 +94,19 @@ MenuBarView::MenuBarView(const MainMenuBar& menus, QMenuBar& bar) : QObject(&bar
     }
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* now) { focusMoved(now); });
+    connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { updateEditItems(); });
+    fillContextMenu();
     updateEditItems();
+}
+
+/// The list's own menu has the Edit items that the list knows.
+void MenuBarView::fillContextMenu() {
+    for (const EditItem& item : editItems_) {
+        if (editCommand(item.command)->inList != nullptr)
+            list_.addAction(item.action);
+    }
+    list_.setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 void MenuBarView::addMenu(const MenuItem& item) {
@@ -112,7 +135,8 @@ void MenuBarView::connectCommand(QAction& action, MenuCommand command) {
         connect(&action, &QAction::triggered, bar_.window(), &QWidget::close);
     } else if (const EditCommand* const edit = editCommand(command)) {
         editItems_.push_back({command, &action});
-        connect(&action, &QAction::triggered, this, [this, edit] { perform(*edit, target_); });
+        connect(&action, &QAction::triggered, this,
+                [this, edit] { perform(*edit, target_, list_); });
     }
 }
 
@@ -126,7 +150,7 @@ void MenuBarView::focusMoved(QWidget* now) {
 
 void MenuBarView::updateEditItems() {
     for (const EditItem& item : editItems_)
-        item.action->setEnabled(isPossible(*editCommand(item.command), target_));
+        item.action->setEnabled(isPossible(*editCommand(item.command), target_, list_));
 }
 
 } // namespace skyvert

@@ -11,11 +11,13 @@
 
 namespace skyvert {
 
-/// Fills a window's menu bar. "Quit" closes the window; the Edit items act on the text field or
-/// the list that has the keyboard focus, as the desktop's own programs do.
+class ListboxView;
+
+/// Fills a window's menu bar. "Quit" closes the window; the Edit items act on the text field that
+/// has the keyboard focus, as the desktop's own programs do, and on the list where no field has it.
 class MenuBarView final : public QObject {
 public:
-    /// The menu bar must belong to its window already.
+    /// The menu bar must belong to its window already, and the window have its list.
     MenuBarView(const MainMenuBar& menus, QMenuBar& bar);
 
 private:
@@ -27,10 +29,12 @@ private:
     void addMenu(const MenuItem& item);
     void addItem(const MenuItem& item);
     void connectCommand(QAction& action, MenuCommand command);
+    void fillContextMenu();
     void focusMoved(QWidget* now);
     void updateEditItems();
 
     QMenuBar& bar_;
+    ListboxView& list_;
     std::vector<QMenu*> menus_;
     std::vector<EditItem> editItems_;
     QPointer<QWidget> target_; ///< what has the focus, menus aside

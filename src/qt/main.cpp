@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QLocale>
 #include <QPalette>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QStyleFactory>
 
@@ -71,7 +72,7 @@ int runWindow(App& app, ProgressOverlay& progress, const Outside& outside) {
     outside.unixSignals.onSignal([&view] { view.closeAll(); });
     outside.runningCopy.onRequest([&view] { view.comeToFront(); });
     progress.setWindow(&view);
-    view.open();
+    view.open(view.screen()->availableGeometry());
     const int code = QApplication::exec();
     // Whatever ended the event loop: the close handlers have run when this is over.
     view.close();

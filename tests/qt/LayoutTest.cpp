@@ -2,19 +2,38 @@
 
 #include <QAccessible>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QMenuBar>
-#include <QScreen>
+#include <QTableView>
 #include <gtest/gtest.h>
 
 namespace skyvert::layout_test {
 
-TEST(Layout, NothingIsCutOffOrCoveredAtUsualFontSizes) {
+/// A desktop, and what size of letters the window has there.
+struct FontCase {
+    int points;
+    QRect screen;
+    double letters;
+    int width; ///< of the window in pixels; 0 for one that depends on the letters
+};
+
+constexpr FontCase kFontCases[] = {
+    {9, {0, 0, 1280, 1024}, 9, 893},  {10, {0, 0, 1920, 1080}, 10, 893},
+    {11, {0, 0, 1280, 1024}, 10, 893}, {14, {0, 0, 1280, 1024}, 14, 0},
+    {20, {0, 0, 1920, 1080}, 20, 0},  {9, {0, 0, 1024, 600}, 9, 893},
+    {9, {0, 0, 800, 600}, 8.5, 792}, {20, {40, 30, 800, 600}, 8.5, 792}};
+
+TEST(Layout, NothingIsCutOffOrCoveredAndTheLettersStayWhereTheWindowFitsTheScreen) {
     const QFont usual = QApplication::font();
-    for (const int points : {9, 10, 11, 14}) {
-        SCOPED_TRACE(points);
+    for (const auto& [points, screen, letters, width] : kFontCases) {
+        SCOPED_TRACE(std::to_string(points) + " " + std::to_string(screen.width()));
         QApplication::setFont(QFont("DejaVu Sans", points));
         ShownWindow shown({",", "."});
-        shown.open();
+        shown.open(screen);
+        EXPECT_TRUE(screen.contains(shown.view.geometry().adjusted(0, 0, 2, 30)));
+        EXPECT_TRUE(width == 0 ? shown.view.width() > 1190 : shown.view.width() == width);
+        const auto& list = *shown.find<QTableView>("list");
+        EXPECT_GE(list.verticalHeader()->defaultSectionSize(), list.fontMetrics().height() + 2);
         for (const char* const selector : {"fromEpoch", "toEpoch"})
             QTest::keyClick(shown.find(QString(selector) + "/epochPopup"), Qt::Key_End);
         QCoreApplication::processEvents();
@@ -34,7 +53,11 @@ TEST(Layout, NothingIsCutOffOrCoveredAtUsualFontSizes) {
                     << toUtf8(other->objectName());
             }
         }
-        EXPECT_EQ(shown.find("list")->font().pointSizeF() == points, points < 11);
+        EXPECT_EQ(list.font().pointSizeF(), letters);
+        const int height = shown.window.height();
+        EXPECT_EQ(height == 550, screen.height() > 600 || width < 893);
+        shown.view.resize(shown.view.size() + QSize(0, 60));
+        EXPECT_EQ(shown.window.height(), height + qRound(60 * 893.0 / shown.view.width()));
     }
     QApplication::setFont(usual);
 }
@@ -79,8 +102,7 @@ TEST(Layout, TheFocusGoesThroughTheControlsInTheirOrderAndEachHasAName) {
 TEST(Layout, AFirstStartStandsInTheCentreAndALaterOneWhereTheLastEnded) {
     ShownWindow first;
     first.open();
-    const QPoint centre = QGuiApplication::primaryScreen()->availableGeometry().center();
-    EXPECT_NEAR(first.window.left() + 893 / 2, centre.x(), 1);
+    EXPECT_NEAR(first.window.left() + 893 / 2, 640, 1);
     EXPECT_EQ(first.view.pos(), QPoint(first.window.left(), first.window.top()));
     first.view.move(40, 60);
     EXPECT_EQ(first.window.left(), 40);

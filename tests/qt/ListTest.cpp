@@ -1,6 +1,8 @@
 #include "qt/ShownWindow.h"
 
 #include <QClipboard>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableView>
@@ -64,6 +66,30 @@ TEST(ListView, WhatAPersonSelectsReachesTheListAsRanges) {
     QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(shown.window.list.selection(), (Ranges{{0, 199}}));
     EXPECT_EQ(table.verticalScrollBar()->value(), 0);
+}
+
+TEST(ListView, FilesDroppedOnTheWindowAreImportedInTheirTurn) {
+    OpenWindow shown;
+    QMimeData dragged;
+    QList<QUrl> urls{QUrl("https://example.org/1.tsv")};
+    for (const char* name : {"first.tsv", "none.tsv", "second.tsv"})
+        urls += QUrl::fromLocalFile(toQString((shown.settings / name).string()));
+    writeWholeFile(shown.settings / "first.tsv", "1\t2\n");
+    writeWholeFile(shown.settings / "second.tsv", "3\t4\n5\t6\n");
+    dragged.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    for (const char* dialect : {"Space-separated", "Tab-separated"}) {
+        shown.window.fileFormat.setValue(dialect);
+        QApplication::sendEvent(shown.find("raManual"), &enter);
+        QApplication::sendEvent(&shown.view, &drop);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    EXPECT_EQ(shown.window.list.RowCount(), 3);
+    const std::string& messages = shown.machine.dialogs.messages;
+    EXPECT_EQ(std::count(messages.begin(), messages.end(), '|'), 2) << messages;
+    EXPECT_TRUE(shown.machine.dialogs.start.empty());
 }
 
 TEST(ListView, EveryOtherRowIsGreyUnlessItIsSelected) {

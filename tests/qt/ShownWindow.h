@@ -17,8 +17,8 @@ struct ShownWindow {
     explicit ShownWindow(Locale locale = {}) : machine(std::move(locale)) { app.Event_Open(); }
 
     /// Shows the window and lets the timers of the start run.
-    void open() {
-        view.open();
+    void open(const QRect& screenArea = {0, 0, 1280, 1024}) {
+        view.open(screenArea);
         QApplication::setActiveWindow(&view);
         advance();
     }

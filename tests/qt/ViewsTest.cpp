@@ -224,9 +224,13 @@ TEST(Views, TheEditMenuActsOnTheFieldThatHasTheFocus) {
     shown.find("ExportListBtn")->setFocus();
     EXPECT_FALSE(isOffered("EditPaste"));
     shown.addRows(3);
-    shown.find("list")->setFocus();
-    action("EditSelectAll")->trigger();
+    QCoreApplication::processEvents();
+    QTest::keyClick(shown.find("ExportListBtn"), Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(shown.window.list.selection(), (std::vector<RowRange>{{0, 2}}));
+    QTest::keyClick(shown.find("ExportListBtn"), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 3);
+    const QList<QAction*> menu{action("EditCopy"), action("EditSelectAll")};
+    EXPECT_EQ(shown.find("list")->actions(), menu);
 }
 
 TEST(Views, TheEditMenuByKeyboardActsOnTheSelection) {
