@@ -4,9 +4,9 @@
 
 #include <concepts>
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
-#include <vector>
+#include <tsl/ordered_map.h>
+#include <utility>
 
 namespace skyvert {
 
@@ -18,20 +18,26 @@ public:
     std::size_t Count() const { return entries_.size(); }
 
     /// Key and value of an entry, 0 to `Count()` - 1. Throw `std::out_of_range` for another.
-    const Variant& Key(std::size_t index) const { return entries_.at(index).key; }
+    const Variant& Key(std::size_t index) const {
+        return entries_.values_container().at(index).first;
+    }
 
-    const Variant& ValueAt(std::size_t index) const { return entries_.at(index).value; }
+    const Variant& ValueAt(std::size_t index) const {
+        return entries_.values_container().at(index).second;
+    }
 
     /// The value under a key, or null when there is none. Valid until a key is added.
-    const Variant* find(const Variant& key) const;
+    const Variant* find(const Variant& key) const { return findKey(key); }
 
     template <std::convertible_to<std::string_view> Text>
     const Variant* find(const Text& key) const {
-        return findText(key);
+        return findKey(std::string_view(key));
     }
 
     /// Puts a value under a key, in place of an older one.
-    void setValue(Variant key, Variant value);
+    void setValue(Variant key, Variant value) {
+        entries_.insert_or_assign(std::move(key), std::move(value));
+    }
 
     /// Where the value under a key is held, valid until another key is added.
     struct Place {
@@ -40,34 +46,38 @@ public:
     };
 
     /// The place of a key's value, which is made when there is none.
-    Place place(std::string_view key);
+    Place place(std::string_view key) {
+        auto [entry, isNew] = entries_.try_emplace(key);
+        return {entry.value(), isNew};
+    }
+
+    /// Exchanges all entries with those of another dictionary.
+    void swap(Dictionary& other) { entries_.swap(other.entries_); }
 
 private:
-    struct Entry {
-        Variant key;
-        Variant value;
+    struct Hash {
+        using is_transparent = void;
+
+        std::size_t operator()(const Variant& key) const { return key.hash(); }
+
+        std::size_t operator()(std::string_view key) const { return variantHash(key); }
     };
 
-    /// A place of the hash table. The hash beside the number spares most looks at the entry.
-    struct Slot {
-        std::uint32_t hash = 0;
-        std::uint32_t number = 0; ///< that of the entry plus 1; 0 when the place is free
+    struct Equal {
+        using is_transparent = void;
+
+        bool operator()(const Variant& a, const Variant& b) const { return VariantCompare(a, b); }
+
+        bool operator()(std::string_view a, const Variant& b) const { return a == b.string(); }
     };
 
-    const Variant* findText(std::string_view key) const;
-    template <typename KeyKind>
-    const Variant* findKey(const KeyKind& key) const;
-    template <typename KeyKind>
-    Place placeOf(KeyKind key);
-    template <typename Equals>
-    std::size_t locate(std::uint32_t hash, Equals equals) const;
-    void grow();
+    template <typename Key>
+    const Variant* findKey(const Key& key) const {
+        const auto entry = entries_.find(key);
+        return entry == entries_.end() ? nullptr : &entry.value();
+    }
 
-    std::vector<Entry> entries_;
-    /// The index behind the entry found last. Keys are mostly asked for in their order, so the
-    /// entry there is looked at first, which spares the hash and a far jump in memory.
-    mutable std::size_t next_ = 0;
-    std::vector<Slot> slots_ = std::vector<Slot>(8); ///< a power of two, never quite full
+    tsl::ordered_map<Variant, Variant, Hash, Equal> entries_;
 };
 
 } // namespace skyvert

@@ -105,6 +105,9 @@ std::string DateValue::SQLDateTime() const {
            ":" + padded(minute, 2) + ":" + padded(second, 2);
 }
 
+// Here and not in the header, where GCC 12 warns of the library once it has inlined it.
+Variant::Variant(std::string_view value) : held_(Text(value.begin(), value.end())) {}
+
 VarType Variant::type() const {
     static constexpr std::array kTypes{
         VarType::Nil,  VarType::Integer, VarType::Long,   VarType::Single,  VarType::Double,
@@ -115,7 +118,7 @@ VarType Variant::type() const {
 
 std::string Variant::stringValue() const {
     return std::visit(
-        Overloaded{[](const std::string& text) { return text; },
+        Overloaded{[](const Text& text) { return std::string(viewOf(text)); },
                    [](const bool& value) { return std::string(value ? "true" : "false"); },
                    [](const Number auto& value) { return numberText(value); },
                    [](const DateValue& date) { return date.SQLDateTime(); },
@@ -129,7 +132,7 @@ std::string Variant::stringValue() const {
 
 double Variant::doubleValue() const {
     return std::visit(
-        Overloaded{[](const std::string& text) { return Val(text); },
+        Overloaded{[](const Text& text) { return Val(viewOf(text)); },
                    [](const bool& value) { return value ? 1.0 : 0.0; },
                    [](const Number auto& value) { return static_cast<double>(value); },
                    [](const auto&) { return 0.0; }},
@@ -144,7 +147,7 @@ std::int64_t Variant::integerValue() const {
 }
 
 bool Variant::booleanValue() const {
-    if (const std::string* text = string())
+    if (const auto text = string())
         return *text == "1" || equalsIgnoringCase(*text, "true");
     return doubleValue() != 0;
 }
@@ -155,7 +158,7 @@ Color Variant::color() const {
 }
 
 std::size_t Variant::hash() const {
-    return std::visit(Overloaded{[](const std::string& text) { return variantHash(text); },
+    return std::visit(Overloaded{[](const Text& text) { return variantHash(viewOf(text)); },
                                  [](const Number auto& value) {
                                      return std::hash<double>()(static_cast<double>(value));
                                  },
@@ -172,7 +175,11 @@ bool VariantCompare(const Variant& left, const Variant& right) {
 }
 
 std::size_t variantHash(std::string_view text) {
-    return std::hash<std::string_view>()(text);
+    if (text.empty())
+        return 0;
+    const auto last = static_cast<unsigned char>(text.back());
+    text.remove_suffix(1);
+    return std::hash<std::string_view>()(text) + last;
 }
 
 Variant dateFromText(std::string_view text) {

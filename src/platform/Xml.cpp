@@ -3,276 +3,213 @@
 #include "platform/Unicode.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cstdint>
-#include <cstring>
 #include <utility>
+#include <vector>
 
 namespace skyvert {
 
 namespace {
 
-constexpr std::string_view kDeclaration = R"(<?xml version="1.0" encoding="UTF-8"?>)"
-                                          "\n";
-
-// References are left to `resolveReferences`: the library lets unknown ones pass. A fragment is
-// parsed so that text outside the root element is seen instead of skipped.
-constexpr unsigned kParseFlags = pugi::parse_pi | pugi::parse_comments | pugi::parse_cdata |
-                                 pugi::parse_ws_pcdata | pugi::parse_eol | pugi::parse_declaration |
-                                 pugi::parse_doctype | pugi::parse_fragment |
-                                 pugi::parse_embed_pcdata;
-
-// --- Writing
-
-/// Gathers what the library writes. A carriage return becomes a reference, which the library does
-/// not do in text and without which it would be read back as a line feed.
-class Gatherer : public pugi::xml_writer {
-public:
-    explicit Gatherer(std::string& out) : out_(out) {}
-
-    void write(const void* data, std::size_t size) override {
-        std::string_view rest(static_cast<const char*>(data), size);
-        for (auto at = rest.find('\r'); at != std::string_view::npos; at = rest.find('\r')) {
-            out_.append(rest.substr(0, at)).append("&#13;");
-            rest.remove_prefix(at + 1);
-        }
-        out_.append(rest);
-    }
-
-private:
-    std::string& out_;
-};
-
-// --- Reading
-
-constexpr std::size_t kBlock = 16; ///< as many bytes as a processor looks at in one step
-
-[[noreturn]] void malformed(const char* reason) {
-    throw XmlException(reason);
-}
-
-/// The production Char of XML 1.0.
-bool isXmlCharacter(char32_t point) {
-    return point == '\t' || point == '\n' || point == '\r' ||
-           (point >= 0x20 && point <= 0x10FFFF && !isSurrogate(point) && point != 0xFFFE &&
-            point != 0xFFFF);
-}
-
-/// The length of the character that `text` opens with, or 0 when no document can hold it.
-std::size_t xmlCharacterLength(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    if (lead < 0x80)
-        return isXmlCharacter(lead) ? 1 : 0;
-    const bool isNoncharacter =
-        text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
-    return isNoncharacter ? 0 : utf8Length(text);
-}
-
-/// Whether a block holds nothing but the ASCII characters of an ordinary text: one look at many
-/// bytes.
-bool isPlain(const char* block) {
-    bool plain = true;
-    for (std::size_t i = 0; i < kBlock; ++i) {
-        const auto byte = static_cast<signed char>(block[i]);
-        plain &= byte >= ' ' || byte == '\t' || byte == '\n' || byte == '\r';
-    }
-    return plain;
-}
-
-/// The number of bytes at the start of a text that a document can hold.
-std::size_t xmlPrefix(std::string_view text) {
-    std::size_t at = 0;
-    while (at < text.size()) {
-        if (text.size() - at >= kBlock && isPlain(text.data() + at)) {
-            at += kBlock;
-            continue;
-        }
-        const std::size_t length = xmlCharacterLength(text.substr(at));
-        if (length == 0)
-            break;
-        at += length;
-    }
-    return at;
-}
-
-/// The character of a reference such as "#65" or "#x41".
-char32_t characterByNumber(std::string_view reference) {
-    const bool hexadecimal = reference.starts_with("#x");
-    reference.remove_prefix(hexadecimal ? 2 : 1);
-    std::uint32_t point = 0;
-    const char* const end = reference.data() + reference.size();
-    const auto [stop, error] = std::from_chars(reference.data(), end, point, hexadecimal ? 16 : 10);
-    if (error != std::errc() || stop != end || !isXmlCharacter(point))
-        malformed("a reference to no character");
-    return point;
-}
-
-char32_t referredCharacter(std::string_view reference) {
-    struct Entity {
-        std::string_view name;
-        char32_t point;
-    };
-
-    static constexpr std::array<Entity, 5> kEntities{
-        {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}}};
-    if (reference.starts_with('#'))
-        return characterByNumber(reference);
-    const auto* const entity =
-        std::find_if(kEntities.begin(), kEntities.end(),
-                     [&](const Entity& known) { return known.name == reference; });
-    if (entity == kEntities.end())
-        malformed("an unknown entity");
-    return entity->point;
-}
-
-std::string resolveReferences(std::string_view text) {
-    std::string out;
-    for (auto at = text.find('&'); at != std::string_view::npos; at = text.find('&')) {
-        const std::size_t end = text.find(';', at);
-        if (end == std::string_view::npos)
-            malformed("a lone ampersand");
-        out += text.substr(0, at);
-        appendUtf8(referredCharacter(text.substr(at + 1, end - at - 1)), out);
-        text.remove_prefix(end + 1);
-    }
-    return out.append(text);
-}
-
-void finishText(XmlNode node) {
-    const char* const text = node.value();
-    if (std::strstr(text, "]]>") != nullptr)
-        malformed("the end of a CDATA section in a text");
-    if (std::strchr(text, '&') != nullptr)
-        node.text().set(resolveReferences(text).c_str());
-}
-
-/// Resolves the references in a node's texts, which the library was told to leave alone.
-void finishNode(XmlNode node) {
-    for (pugi::xml_attribute attribute : node.attributes())
-        attribute.set_value(resolveReferences(attribute.value()).c_str());
-    if (node.type() == pugi::node_element || node.type() == pugi::node_pcdata)
-        finishText(node);
-}
-
-/// Completes a tree, without recursion, for nobody knows yet how deep it is. `plain` says that no
-/// text in it needs a look.
-void finishTree(XmlNode top, bool plain) {
-    int depth = 1;
-    for (XmlNode node = top.first_child(); node;) {
-        if (depth > kMaxXmlDepth && node.type() == pugi::node_element)
-            malformed("nested too deep");
-        if (!plain)
-            finishNode(node);
-        XmlNode next = node.first_child();
-        if (next) {
-            ++depth;
-        } else {
-            for (next = node.next_sibling(); !next && depth > 1; next = node.next_sibling()) {
-                node = node.parent();
-                --depth;
-            }
-        }
-        node = next;
+/// The reference that stands for a character in a text, or nothing for one that stands for itself.
+/// A carriage return would be read back as a line feed.
+constexpr std::string_view textReference(char character) {
+    switch (character) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '\r':
+        return "&#13;";
+    default:
+        return {};
     }
 }
 
-/// Whether a text is white space as XML has it, which is less than that of other texts.
-bool isXmlSpace(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+/// The same in the value of an attribute, where other white space would be read back as a blank.
+constexpr std::string_view attributeReference(char character) {
+    switch (character) {
+    case '"':
+        return "&quot;";
+    case '\t':
+        return "&#09;";
+    case '\n':
+        return "&#10;";
+    case '>':
+        return {};
+    default:
+        return textReference(character);
+    }
 }
 
-/// Refuses a document whose outermost nodes are not: a declaration in front of everything, one
-/// document type at most, one root element behind it; comments, instructions and blanks between.
-void checkTopLevel(XmlNode top) {
-    int elements = 0;
-    int types = 0;
-    for (const XmlNode node : top.children()) {
-        elements += node.type() == pugi::node_element ? 1 : 0;
-        types += node.type() == pugi::node_doctype ? 1 + elements : 0;
-        const bool lateDeclaration =
-            node.type() == pugi::node_declaration && node != top.first_child();
-        const bool stray = node.type() == pugi::node_cdata ||
-                           (node.type() == pugi::node_pcdata && !isXmlSpace(node.value()));
-        if (lateDeclaration || stray || types > 1)
-            malformed("something outside of the root element");
+template <auto reference>
+void appendEscaped(std::string_view text, std::string& out) {
+    const auto isSpecial = [](char character) { return !reference(character).empty(); };
+    while (true) {
+        const auto special = std::find_if(text.begin(), text.end(), isSpecial);
+        out.append(text.begin(), special);
+        if (special == text.end())
+            return;
+        out += reference(*special);
+        text = {special + 1, text.end()};
     }
-    if (elements != 1)
-        malformed("not exactly one root element");
+}
+
+/// Whether a text has nothing but the ASCII characters of an ordinary text.
+bool isPlain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char character) {
+        const auto byte = static_cast<signed char>(character);
+        return byte >= ' ' || byte == '\t' || byte == '\n' || byte == '\r';
+    });
+}
+
+/// The character at the start of a text, as a document can hold it; it is taken off the text.
+std::string xmlCharacter(std::string_view& text) {
+    const std::size_t length = utf8Length(text);
+    const std::string character(text.substr(0, std::max(std::size_t{1}, length)));
+    text.remove_prefix(character.size());
+    const bool isNoncharacter = character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF";
+    if (length > 1 ? !isNoncharacter : isPlain(character))
+        return character;
+    std::string replacement;
+    appendUtf8(length == 0 ? fromWindows1252(static_cast<unsigned char>(character.front()))
+                           : kReplacementCharacter,
+               replacement);
+    return replacement;
+}
+
+/// Drives a handler with a node and everything below it.
+void tell(XmlNode node, XmlHandler& handler) {
+    switch (node.type()) {
+    case pugi::node_element: {
+        std::vector<const char*> attributes;
+        for (const pugi::xml_attribute attribute : node.attributes())
+            attributes.insert(attributes.end(), {attribute.name(), attribute.value()});
+        handler.openElement(node.name(), attributes);
+        walkXml(node, handler);
+        return handler.closeElement(node.name());
+    }
+    case pugi::node_pcdata:
+        return handler.text(node.value());
+    case pugi::node_cdata:
+        return handler.cdata(node.value());
+    case pugi::node_comment:
+        return handler.comment(node.value());
+    case pugi::node_pi:
+        return handler.instruction(node.name(), node.value());
+    default:
+        return; // no handler is told of declarations and document types
+    }
 }
 
 } // namespace
 
-void XmlDocument::LoadXml(std::string text) {
-    auto source = std::make_unique<std::string>(std::move(text));
-    const bool isUtf8 = xmlPrefix(*source) == source->size();
-    const bool plain = isUtf8 && source->find('&') == std::string::npos &&
-                       source->find("]]>") == std::string::npos;
-    pugi::xml_document document;
-    // With its closing null, for the library takes the last byte out of a buffer that has none.
-    const pugi::xml_parse_result result =
-        document.load_buffer_inplace(source->data(), source->size() + 1, kParseFlags);
-    if (!result)
-        malformed(result.description());
-    if (result.encoding == pugi::encoding_utf8 && !isUtf8)
-        malformed("bytes that are no character");
-    checkTopLevel(document);
-    finishTree(document, plain);
-    document_ = std::move(document);
-    text_ = std::move(source);
+void walkXml(XmlNode node, XmlHandler& handler) {
+    for (const XmlNode child : node.children())
+        tell(child, handler);
 }
 
-std::string XmlDocument::ToString(std::string_view prolog) const {
-    std::string text(kDeclaration);
-    text += prolog;
-    for (const XmlNode child : document_.children())
-        if (child.type() != pugi::node_declaration)
-            appendSerialised(child, text);
+// --- Text
+
+void XmlText::finishTag() {
+    if (std::exchange(tagIsOpen_, false))
+        out_ += '>';
+}
+
+void XmlText::openElement(const char* name, XmlAttributes attributes) {
+    finishTag();
+    out_.append(1, '<').append(name);
+    for (std::size_t i = 0; i < attributes.size(); i += 2) {
+        out_.append(1, ' ').append(attributes[i]).append("=\"");
+        appendEscaped<attributeReference>(attributes[i + 1], out_);
+        out_ += '"';
+    }
+    tagIsOpen_ = true;
+}
+
+void XmlText::closeElement(const char* name) {
+    if (std::exchange(tagIsOpen_, false))
+        out_ += "/>";
+    else
+        out_.append("</").append(name).append(1, '>');
+}
+
+void XmlText::text(std::string_view text) {
+    if (text.empty())
+        return;
+    finishTag();
+    appendEscaped<textReference>(text, out_);
+}
+
+void XmlText::cdata(std::string_view text) {
+    finishTag();
+    out_.append("<![CDATA[").append(text).append("]]>");
+}
+
+void XmlText::comment(const char* text) {
+    finishTag();
+    out_.append("<!--").append(text).append("-->");
+}
+
+void XmlText::instruction(const char* target, const char* data) {
+    finishTag();
+    out_.append("<?").append(target);
+    if (*data != '\0')
+        out_.append(1, ' ').append(data);
+    out_ += "?>";
+}
+
+// --- Tree
+
+void XmlTree::openElement(const char* name, XmlAttributes attributes) {
+    parent_ = parent_.append_child(name);
+    for (std::size_t i = 0; i < attributes.size(); i += 2)
+        parent_.append_attribute(attributes[i]).set_value(attributes[i + 1]);
+}
+
+void XmlTree::closeElement(const char* /*name*/) {
+    parent_ = parent_.parent();
+}
+
+void XmlTree::text(std::string_view text) {
+    if (!text.empty())
+        parent_.append_child(pugi::node_pcdata).set_value(text.data(), text.size());
+}
+
+void XmlTree::cdata(std::string_view text) {
+    parent_.append_child(pugi::node_cdata).set_value(text.data(), text.size());
+}
+
+void XmlTree::comment(const char* text) {
+    parent_.append_child(pugi::node_comment).set_value(text);
+}
+
+void XmlTree::instruction(const char* target, const char* data) {
+    XmlNode node = parent_.append_child(pugi::node_pi);
+    node.set_name(target);
+    node.set_value(data);
+}
+
+void XmlDocument::LoadXml(std::string_view text) {
+    pugi::xml_document document;
+    XmlTree tree(document);
+    parseXml(text, tree);
+    document_ = std::move(document);
+}
+
+std::string XmlDocument::ToString() const {
+    std::string text(kXmlDeclaration);
+    XmlText writer(text);
+    walkXml(document_, writer);
     return text;
 }
 
-XmlNode appendElement(XmlNode parent, const char* name) {
-    return parent.append_child(name);
-}
-
-XmlNode appendElement(XmlNode parent, const char* name, std::string_view text) {
-    const XmlNode element = appendElement(parent, name);
-    if (!text.empty())
-        appendText(element, text);
-    return element;
-}
-
-XmlNode appendText(XmlNode parent, std::string_view text) {
-    XmlNode node = parent.append_child(pugi::node_pcdata);
-    node.set_value(text.data(), text.size());
-    return node;
-}
-
-void insertTextBefore(XmlNode node, std::string_view text) {
-    node.parent().insert_child_before(pugi::node_pcdata, node).set_value(text.data(), text.size());
-}
-
-void appendSerialised(XmlNode node, std::string& out) {
-    Gatherer gatherer(out);
-    node.print(gatherer, "", pugi::format_raw, pugi::encoding_utf8);
-}
-
 std::string_view xmlCharacters(std::string_view text, std::string& storage) {
-    const std::size_t good = xmlPrefix(text);
-    if (good == text.size())
+    if (isPlain(text))
         return text;
-    storage = text.substr(0, good);
-    for (std::string_view rest = text.substr(good); !rest.empty();) {
-        const std::size_t length = xmlCharacterLength(rest);
-        const auto byte = static_cast<unsigned char>(rest.front());
-        const std::size_t taken = std::max(std::size_t{1}, utf8Length(rest));
-        if (length > 0)
-            storage += rest.substr(0, length);
-        else
-            appendUtf8(taken == 1 && byte >= 0x80 ? fromWindows1252(byte) : kReplacementCharacter,
-                       storage);
-        rest.remove_prefix(taken);
-    }
+    for (storage.clear(); !text.empty();)
+        storage += xmlCharacter(text);
     return storage;
 }
 

@@ -65,7 +65,7 @@ const Variant& StorageValue(const Variant& storage, std::size_t index);
 /// replaced, dictionaries under old keys merged. False, with the dictionary unchanged, when the
 /// text is no well-formed document or its version is newer than this module.
 /// Throws `std::invalid_argument` without a dictionary.
-bool LoadXML(const std::shared_ptr<Dictionary>& storage, std::string text);
+bool LoadXML(const std::shared_ptr<Dictionary>& storage, const std::string& text);
 
 /// The same from a file. False also when it cannot be read.
 bool LoadXML(const std::shared_ptr<Dictionary>& storage, const std::filesystem::path& file);

@@ -1,4 +1,3 @@
-#include "platform/Files.h"
 #include "platform/Number.h"
 #include "platform/Objects.h"
 #include "platform/Text.h"
@@ -7,10 +6,11 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <functional>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace skyvert {
 
@@ -19,36 +19,50 @@ namespace {
 constexpr double kNewestPlist = 1.0;
 constexpr double kNewestXmlDict = 1.1;
 
-bool isElement(XmlNode node) {
-    return node.type() == pugi::node_element;
-}
+/// Gathers what stands in an element: texts as they are, all else in its serialised form.
+class Contents : public XmlHandler {
+public:
+    std::string& gathered() { return text_; }
 
-bool isNamed(XmlNode node, std::string_view name) {
-    return equalsIgnoringCase(node.name(), name);
-}
+    /// Whether an element in the element is open.
+    bool isNested() const { return depth_ > 0; }
 
-Variant readDictionary(XmlNode element, const Variant& storage, const Variant& key) {
-    // A second dictionary under the same key adds to the first.
-    const Variant& present = StorageByKey(storage, key);
-    Variant dictionary =
-        present.object<Dictionary>() != nullptr ? present : Variant(std::make_shared<Dictionary>());
-    ParseXML(element, dictionary);
-    return dictionary;
-}
+    void openElement(const char* name, XmlAttributes attributes) override {
+        ++depth_;
+        serialised_.openElement(name, attributes);
+    }
 
-Variant readArray(XmlNode element) {
-    Variant collection = std::make_shared<Collection>();
-    ParseXML(element, collection);
-    return collection;
-}
+    void closeElement(const char* name) override {
+        --depth_;
+        serialised_.closeElement(name);
+    }
 
-Variant readColor(XmlNode element) {
-    std::string text = NodeContents(element);
+    void text(std::string_view text) override {
+        if (depth_ == 0)
+            text_ += text;
+        else
+            serialised_.text(text);
+    }
+
+    void cdata(std::string_view text) override { serialised_.cdata(text); }
+
+    void comment(const char* text) override { serialised_.comment(text); }
+
+    void instruction(const char* target, const char* data) override {
+        serialised_.instruction(target, data);
+    }
+
+private:
+    std::string text_;
+    XmlText serialised_{text_};
+    int depth_ = 0;
+};
+
+Variant readColor(std::string& text) {
     return colorFromText(text.replace(0, text.empty() ? 0 : utf8Length(text), "&h"));
 }
 
-Variant readDate(XmlNode element) {
-    std::string text = NodeContents(element);
+Variant readDate(std::string& text) {
     // The published property list format has "2004-07-21T10:00:00Z".
     if (text.size() == 20 && text[10] == 'T' && text.back() == 'Z') {
         text[10] = ' ';
@@ -57,91 +71,206 @@ Variant readDate(XmlNode element) {
     return dateFromText(text);
 }
 
-/// A value element and how it is read.
-struct ValueElement {
+/// A value element without entries, and how its contents are read.
+struct PlainElement {
     std::string_view name;
-    Variant (*read)(XmlNode element, const Variant& storage, const Variant& key);
+    Variant (*read)(std::string& contents);
 };
 
-constexpr std::array<ValueElement, 10> kValueElements{{
-    {"string", [](XmlNode e, const Variant&, const Variant&) { return Variant(NodeContents(e)); }},
-    {"integer", [](XmlNode e, const Variant&,
-                   const Variant&) { return Variant(truncated(Val(NodeContents(e)))); }},
-    {"true", [](XmlNode, const Variant&, const Variant&) { return Variant(true); }},
-    {"false", [](XmlNode, const Variant&, const Variant&) { return Variant(false); }},
-    {"real",
-     [](XmlNode e, const Variant&, const Variant&) { return Variant(Val(NodeContents(e))); }},
-    {"dict", readDictionary},
-    {"array", [](XmlNode e, const Variant&, const Variant&) { return readArray(e); }},
-    {"null", [](XmlNode, const Variant&, const Variant&) { return Variant(); }},
-    {"date", [](XmlNode e, const Variant&, const Variant&) { return readDate(e); }},
-    {"color", [](XmlNode e, const Variant&, const Variant&) { return readColor(e); }},
+constexpr std::array<PlainElement, 8> kPlainElements{{
+    {"string", [](std::string& text) { return Variant(std::string_view(text)); }},
+    {"integer", [](std::string& text) { return Variant(truncated(Val(text))); }},
+    {"true", [](std::string&) { return Variant(true); }},
+    {"false", [](std::string&) { return Variant(false); }},
+    {"real", [](std::string& text) { return Variant(Val(text)); }},
+    {"null", [](std::string&) { return Variant(); }},
+    {"date", readDate},
+    {"color", readColor},
 }};
 
-/// The element that holds the entries of a document, or a null node when it is not supported.
-XmlNode entriesOf(XmlNode root) {
-    const double version = Val(root.attribute("version").value());
-    if (!isNamed(root, "plist"))
-        return version > kNewestXmlDict ? XmlNode() : root;
-    const XmlNode dictionary = root.find_child(isElement);
-    return isNamed(dictionary, "dict") && version <= kNewestPlist ? dictionary : XmlNode();
+/// Reads the entries that it receives into a storage.
+class EntriesReader : public Contents {
+public:
+    /// Takes what follows for the entries of a storage, until they end.
+    void begin(Variant storage) { levels_.emplace_back().storage = std::move(storage); }
+
+    /// Whether entries have begun and not ended.
+    bool isReading() const { return !levels_.empty(); }
+
+    void openElement(const char* name, XmlAttributes attributes) override {
+        if (isPlain_)
+            return Contents::openElement(name, attributes);
+        isPlain_ = !openContainer(name);
+        gathered().clear();
+    }
+
+    void closeElement(const char* name) override {
+        if (isNested())
+            Contents::closeElement(name);
+        else if (std::exchange(isPlain_, false))
+            closePlain(name);
+        else
+            closeContainer();
+    }
+
+private:
+    /// A storage that is being filled.
+    struct Level {
+        Variant storage;
+        Variant key; ///< of the entry that comes next; Nil when there has been none
+    };
+
+    bool openContainer(std::string_view name) {
+        if (equalsIgnoringCase(name, "dict")) {
+            // A second dictionary under the same key adds to the first.
+            const Variant& present = StorageByKey(levels_.back().storage, levels_.back().key);
+            begin(present.object<Dictionary>() != nullptr ? present
+                                                          : std::make_shared<Dictionary>());
+            return true;
+        }
+        if (equalsIgnoringCase(name, "array")) {
+            begin(std::make_shared<Collection>());
+            return true;
+        }
+        return false;
+    }
+
+    void closeContainer() {
+        Variant storage = std::move(levels_.back().storage);
+        levels_.pop_back();
+        if (isReading())
+            store(std::move(storage));
+    }
+
+    void closePlain(std::string_view name) {
+        Variant& key = levels_.back().key;
+        if (key.isNil() && equalsIgnoringCase(name, "key")) {
+            key = std::string_view(gathered());
+            return;
+        }
+        const auto* const element = std::find_if(
+            kPlainElements.begin(), kPlainElements.end(),
+            [&](const PlainElement& known) { return equalsIgnoringCase(name, known.name); });
+        if (element == kPlainElements.end())
+            key = Variant();
+        else
+            store(element->read(gathered()));
+    }
+
+    void store(Variant value) {
+        Level& level = levels_.back();
+        StoreValue(std::move(level.key), std::move(value), level.storage);
+        level.key = Variant();
+    }
+
+    std::vector<Level> levels_;
+    bool isPlain_ = false; ///< whether the open element is a key or a value without entries
+};
+
+/// Reads a document into a dictionary.
+class DocumentReader final : public EntriesReader {
+public:
+    explicit DocumentReader(std::shared_ptr<Dictionary> storage) : storage_(std::move(storage)) {}
+
+    /// Whether the document is one that can be read.
+    bool isSupported() const { return isSupported_; }
+
+    void openElement(const char* name, XmlAttributes attributes) override {
+        if (isReading())
+            EntriesReader::openElement(name, attributes);
+        else if (std::exchange(rootIsDue_, false))
+            openRoot(name, attributes);
+        else if (std::exchange(dictionaryIsDue_, false) && equalsIgnoringCase(name, "dict"))
+            beginEntries();
+    }
+
+    void closeElement(const char* name) override {
+        dictionaryIsDue_ = false;
+        if (isReading())
+            EntriesReader::closeElement(name);
+    }
+
+private:
+    static double versionOf(XmlAttributes attributes) {
+        for (std::size_t i = 0; i < attributes.size(); i += 2)
+            if (std::string_view(attributes[i]) == "version")
+                return Val(attributes[i + 1]);
+        return 0;
+    }
+
+    void openRoot(const char* name, XmlAttributes attributes) {
+        const double version = versionOf(attributes);
+        if (equalsIgnoringCase(name, "plist"))
+            dictionaryIsDue_ = version <= kNewestPlist;
+        else if (version <= kNewestXmlDict)
+            beginEntries();
+    }
+
+    void beginEntries() {
+        isSupported_ = true;
+        begin(storage_);
+    }
+
+    std::shared_ptr<Dictionary> storage_;
+    bool rootIsDue_ = true;
+    bool dictionaryIsDue_ = false; ///< as the first element in a `plist`
+    bool isSupported_ = false;
+};
+
+void requireStorage(const std::shared_ptr<Dictionary>& storage) {
+    if (!storage)
+        throw std::invalid_argument("There is no dictionary to fill.");
+}
+
+/// Fills a dictionary from a document that `parse` hands to a handler, unless `parse` gives false.
+bool load(const std::shared_ptr<Dictionary>& storage,
+          const std::function<bool(XmlHandler&)>& parse) {
+    requireStorage(storage);
+    const bool isEmpty = storage->Count() == 0;
+    const auto filled = isEmpty ? std::make_shared<Dictionary>() : storage;
+    DocumentReader reader(filled);
+    try {
+        XmlHandler judge;
+        if ((!isEmpty && !parse(judge)) || !parse(reader))
+            return false;
+    } catch (const XmlException&) {
+        return false;
+    }
+    if (isEmpty)
+        storage->swap(*filled);
+    return reader.isSupported();
 }
 
 } // namespace
 
-bool LoadXML(const std::shared_ptr<Dictionary>& storage, std::string text) {
-    try {
-        XmlDocument document;
-        document.LoadXml(std::move(text));
-        return LoadXML(storage, document);
-    } catch (const XmlException&) {
-        return false;
-    }
+bool LoadXML(const std::shared_ptr<Dictionary>& storage, const std::string& text) {
+    return load(storage, [&](XmlHandler& handler) {
+        parseXml(text, handler);
+        return true;
+    });
 }
 
 bool LoadXML(const std::shared_ptr<Dictionary>& storage, const std::filesystem::path& file) {
-    std::optional<std::string> text = readWholeFile(file);
-    return text && LoadXML(storage, std::move(*text));
+    return load(storage, [&](XmlHandler& handler) { return parseXmlFile(file, handler); });
 }
 
 bool LoadXML(const std::shared_ptr<Dictionary>& storage, const XmlDocument& document) {
-    if (!storage)
-        throw std::invalid_argument("There is no dictionary to fill.");
-    const XmlNode entries = entriesOf(document.DocumentElement());
-    if (entries)
-        ParseXML(entries, storage);
-    return static_cast<bool>(entries);
+    requireStorage(storage);
+    DocumentReader reader(storage);
+    walkXml(document.node(), reader);
+    return reader.isSupported();
 }
 
 void ParseXML(XmlNode node, const Variant& storage) {
-    Variant key;
-    for (XmlNode child = node.first_child(); child; child = child.next_sibling()) {
-        if (!isElement(child))
-            continue;
-        if (key.isNil() && isNamed(child, "key")) {
-            key = NodeContents(child);
-            continue;
-        }
-        const auto* const element =
-            std::find_if(kValueElements.begin(), kValueElements.end(),
-                         [&](const ValueElement& known) { return isNamed(child, known.name); });
-        if (element != kValueElements.end()) {
-            Variant value = element->read(child, storage, key);
-            StoreValue(std::move(key), std::move(value), storage);
-        }
-        key = Variant();
-    }
+    EntriesReader reader;
+    reader.begin(storage);
+    walkXml(node, reader);
 }
 
 std::string NodeContents(XmlNode node) {
-    std::string text = node.value();
-    for (XmlNode child = node.first_child(); child; child = child.next_sibling()) {
-        if (child.type() == pugi::node_pcdata)
-            text += child.value();
-        else
-            appendSerialised(child, text);
-    }
-    return text;
+    Contents contents;
+    walkXml(node, contents);
+    return std::move(contents.gathered());
 }
 
 void StoreValue(Variant key, Variant value, const Variant& storage) {

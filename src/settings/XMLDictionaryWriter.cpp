@@ -18,14 +18,13 @@ namespace {
 struct Flavour {
     const char* root;
     const char* version;
-    const char* inexpressible; ///< the element for a value that the flavour cannot hold
     std::string_view doctype;
 };
 
-constexpr Flavour kPlist{"plist", "1.0", "false",
+constexpr Flavour kPlist{"plist", "1.0",
                          "<!DOCTYPE plist PUBLIC \"-//Apple Computer//DTD PLIST 1.0//EN\" "
                          "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"};
-constexpr Flavour kXmlDict{"xmldict", "1.1", "null",
+constexpr Flavour kXmlDict{"xmldict", "1.1",
                            "<!DOCTYPE xmldict PUBLIC \"-//Marlowick//DTD XMLDICT 1.1//EN\" "
                            "\"http://localhost/DTDs/XMLDictionary-1.1.dtd\">\n"};
 
@@ -34,7 +33,6 @@ const Flavour& flavour(bool plist) {
 }
 
 constexpr std::size_t kBase64Line = 45; ///< characters, not bytes
-constexpr std::size_t kBatch = 256;     ///< entries whose nodes a processor's cache holds
 constexpr std::size_t kUsualEntry = 80; ///< bytes of the text of most entries, or more
 constexpr std::string_view kRealMask = "-#.0##############";
 
@@ -71,129 +69,143 @@ std::string colorText(Color color) {
     return text;
 }
 
-/// A `data` or `file` element: Base64 in lines of their own, as deep as the element.
-XmlNode appendBytes(XmlNode parent, const char* name, std::string_view bytes, int level) {
-    const XmlNode element = appendElement(parent, name);
-    const std::string text = EncodeBase64(bytes);
-    for (std::size_t at = 0; at < text.size(); at += kBase64Line)
-        IndentNode(appendText(element, text.substr(at, kBase64Line)), level, false);
-    return element;
-}
+/// Hands the entries of storages, with their layout, to a handler.
+class EntriesWriter {
+public:
+    EntriesWriter(XmlHandler& out, SeenStorages& seen, bool plist)
+        : out_(out), seen_(seen), plist_(plist) {}
 
-XmlNode appendContainer(XmlNode parent, const char* name, const Variant& storage,
-                        SeenStorages& seen, int level, bool plist) {
-    const XmlNode element = appendElement(parent, name);
-    ParseStorage(storage, element, seen, level + 1, plist);
-    return element;
-}
-
-/// Appends the element of an object with its layout.
-void appendObject(XmlNode parent, const Variant& value, SeenStorages& seen, int level, bool plist) {
-    XmlNode element;
-    if (value.object<Dictionary>())
-        element = appendContainer(parent, "dict", value, seen, level, plist);
-    else if (const auto* block = value.object<MemoryBlock>())
-        element = appendBytes(parent, "data", block->bytes(), level);
-    else if (value.object<Collection>())
-        element = appendContainer(parent, "array", value, seen, level, plist);
-    else if (const auto* file = value.object<FolderItem>(); file && !plist)
-        element = appendBytes(parent, "file", pathText(file->path()), level);
-    else
-        return IndentNode(appendElement(parent, flavour(plist).inexpressible), level, false);
-    IndentNode(element, level, true);
-}
-
-/// An element with the text of a value, in characters that a document can hold.
-XmlNode appendString(XmlNode parent, const char* name, const Variant& value) {
-    if (const std::string* text = value.string()) {
-        std::string storage;
-        return appendElement(parent, name, xmlCharacters(*text, storage));
-    }
-    return appendElement(parent, name, value.stringValue());
-}
-
-XmlNode appendPlain(XmlNode parent, const Variant& value, bool plist) {
-    switch (value.type()) {
-    case VarType::Integer:
-    case VarType::Long:
-        return appendElement(parent, "integer", value.stringValue());
-    case VarType::Single:
-    case VarType::Double:
-        return appendElement(parent, "real", Format(value.doubleValue(), kRealMask, Locale{}));
-    case VarType::Date:
-        return appendElement(parent, "date", value.stringValue());
-    case VarType::String:
-        return appendString(parent, "string", value);
-    case VarType::Boolean:
-        return appendElement(parent, value.booleanValue() ? "true" : "false");
-    case VarType::Color:
-        if (!plist)
-            return appendElement(parent, "color", colorText(value.color()));
-        [[fallthrough]];
-    default:
-        return appendElement(parent, flavour(plist).inexpressible);
-    }
-}
-
-/// Appends the elements of one entry, with their layout.
-void appendEntry(XmlNode parent, const Variant& storage, std::size_t index, SeenStorages& seen,
-                 int level, bool plist) {
-    const Variant& key = StorageKey(storage, index);
-    if (!key.isNil())
-        IndentNode(appendString(parent, "key", key), level, false);
-    const Variant& value = StorageValue(storage, index);
-    if (value.type() == VarType::Object)
-        appendObject(parent, value, seen, level, plist);
-    else
-        IndentNode(appendPlain(parent, value, plist), level, false);
-}
-
-/// Adds the text of the outermost dictionary's entries. Only a few at a time stand in a tree.
-void appendEntriesText(const Variant& storage, std::string& text, bool plist) {
-    const std::size_t count = StorageCount(storage);
-    text.reserve(text.size() + count * kUsualEntry);
-    XmlDocument document;
-    XmlNode batch = document.node();
-    SeenStorages seen{storage.object<Object>()};
-    for (std::size_t index = 0; index < count; ++index) {
-        appendEntry(batch, storage, index, seen, 1, plist);
-        if ((index + 1) % kBatch == 0 || index + 1 == count) {
-            appendSerialised(batch, text);
-            batch.remove_children();
+    void writeEntries(const Variant& storage, int level) {
+        if (level > kMaxLevel || !seen_.insert(storage.object<Object>()).second)
+            return;
+        const std::string indent = layout(level);
+        const std::size_t count = StorageCount(storage);
+        for (std::size_t index = 0; index < count; ++index) {
+            if (const Variant& key = StorageKey(storage, index); !key.isNil()) {
+                out_.text(indent);
+                writeString("key", key);
+            }
+            out_.text(indent);
+            writeValue(StorageValue(storage, index), level, indent);
         }
     }
-}
 
-void requireStorage(const std::shared_ptr<Dictionary>& storage) {
+private:
+    void writeElement(const char* name, std::string_view text = {}) {
+        out_.openElement(name, {});
+        out_.text(text);
+        out_.closeElement(name);
+    }
+
+    void writeInexpressible() { writeElement(plist_ ? "false" : "null"); }
+
+    /// An element with the text of a value, in characters that a document can hold.
+    void writeString(const char* name, const Variant& value) {
+        const auto text = value.string();
+        writeElement(name, text ? xmlCharacters(*text, storage_) : value.stringValue());
+    }
+
+    void writeValue(const Variant& value, int level, const std::string& indent) {
+        switch (value.type()) {
+        case VarType::Integer:
+        case VarType::Long:
+            return writeElement("integer", value.stringValue());
+        case VarType::Single:
+        case VarType::Double:
+            return writeElement("real", Format(value.doubleValue(), kRealMask, Locale{}));
+        case VarType::Date:
+            return writeElement("date", value.stringValue());
+        case VarType::String:
+            return writeString("string", value);
+        case VarType::Object:
+            return writeObject(value, level, indent);
+        case VarType::Boolean:
+            return writeElement(value.booleanValue() ? "true" : "false");
+        case VarType::Color:
+            return plist_ ? writeInexpressible() : writeElement("color", colorText(value.color()));
+        default:
+            return writeInexpressible();
+        }
+    }
+
+    void writeObject(const Variant& value, int level, const std::string& indent) {
+        if (value.object<Dictionary>() != nullptr)
+            writeContainer("dict", value, level, indent);
+        else if (const auto* block = value.object<MemoryBlock>())
+            writeBytes("data", block->bytes(), indent);
+        else if (value.object<Collection>() != nullptr)
+            writeContainer("array", value, level, indent);
+        else if (const auto* file = value.object<FolderItem>(); file != nullptr && !plist_)
+            writeBytes("file", pathText(file->path()), indent);
+        else
+            writeInexpressible();
+    }
+
+    void writeContainer(const char* name, const Variant& storage, int level,
+                        const std::string& indent) {
+        out_.openElement(name, {});
+        writeEntries(storage, level + 1);
+        out_.text(indent);
+        out_.closeElement(name);
+    }
+
+    /// Base64 in lines of their own, as deep as the element.
+    void writeBytes(const char* name, std::string_view bytes, const std::string& indent) {
+        const std::string text = EncodeBase64(bytes);
+        out_.openElement(name, {});
+        for (std::size_t at = 0; at < text.size(); at += kBase64Line) {
+            out_.text(indent);
+            out_.text(std::string_view(text).substr(at, kBase64Line));
+        }
+        out_.text(indent);
+        out_.closeElement(name);
+    }
+
+    XmlHandler& out_;
+    SeenStorages& seen_;
+    bool plist_;
+    std::string storage_; ///< room for texts whose characters had to be replaced
+};
+
+/// Hands the nodes of a document to a handler.
+void writeDocument(const std::shared_ptr<Dictionary>& storage, XmlHandler& out, bool plist) {
     if (!storage)
         throw std::invalid_argument("There is no dictionary to write.");
+    const auto& [root, version, doctype] = flavour(plist);
+    const std::string indent = layout(0);
+    out.text(indent);
+    out.openElement(root, std::array{"version", version});
+    if (plist) {
+        out.text(indent);
+        out.openElement("dict", {});
+    }
+    SeenStorages seen;
+    EntriesWriter(out, seen, plist).writeEntries(storage, 1);
+    if (plist) {
+        out.text(indent);
+        out.closeElement("dict");
+    }
+    out.text(indent);
+    out.closeElement(root);
+    out.text(indent);
 }
 
 } // namespace
 
 XmlDocument ExportXML(const std::shared_ptr<Dictionary>& storage, bool plist) {
-    requireStorage(storage);
     XmlDocument document;
-    XmlNode root = appendElement(document.node(), flavour(plist).root);
-    root.append_attribute("version").set_value(flavour(plist).version);
-    const XmlNode entries = plist ? appendElement(root, "dict") : root;
-    ParseStorage(storage, entries, plist);
-    IndentNode(root, 0, true);
-    if (plist)
-        IndentNode(entries, 0, true);
-    appendText(document.node(), layout(0));
+    XmlTree tree(document.node());
+    writeDocument(storage, tree, plist);
     return document;
 }
 
 std::string ExportXMLString(const std::shared_ptr<Dictionary>& storage, bool plist) {
-    requireStorage(storage);
-    std::string text =
-        ExportXML(std::make_shared<Dictionary>(), plist).ToString(flavour(plist).doctype);
-    const std::size_t end = text.rfind(plist ? "\n</dict>" : "\n</xmldict>");
-    const std::string frameEnd = text.substr(end);
-    text.resize(end);
-    appendEntriesText(storage, text, plist);
-    return text += frameEnd;
+    std::string text(kXmlDeclaration);
+    text += flavour(plist).doctype;
+    text.reserve(text.size() + StorageCount(storage) * kUsualEntry);
+    XmlText writer(text);
+    writeDocument(storage, writer, plist);
+    return text;
 }
 
 bool SaveXML(const std::shared_ptr<Dictionary>& storage, const std::filesystem::path& file,
@@ -207,9 +219,9 @@ bool SaveXML(std::string_view text, const std::filesystem::path& file) {
 
 void IndentNode(XmlNode node, int level, bool closing) {
     const std::string text = layout(level);
-    insertTextBefore(node, text);
+    node.parent().insert_child_before(pugi::node_pcdata, node).set_value(text.data(), text.size());
     if (closing)
-        appendText(node, text);
+        XmlTree(node).text(text);
 }
 
 void ParseStorage(const Variant& storage, XmlNode node, bool plist) {
@@ -218,11 +230,8 @@ void ParseStorage(const Variant& storage, XmlNode node, bool plist) {
 }
 
 void ParseStorage(const Variant& storage, XmlNode node, SeenStorages& seen, int level, bool plist) {
-    if (level > kMaxLevel || !seen.insert(storage.object<Object>()).second)
-        return;
-    const std::size_t count = StorageCount(storage);
-    for (std::size_t index = 0; index < count; ++index)
-        appendEntry(node, storage, index, seen, level, plist);
+    XmlTree tree(node);
+    EntriesWriter(tree, seen, plist).writeEntries(storage, level);
 }
 
 std::size_t StorageCount(const Variant& storage) {

@@ -1,6 +1,7 @@
 #include "settings/XMLDictionary.h"
 
 #include "platform/Objects.h"
+#include "support/TestDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,13 @@ TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
               "\t<key>&lt;\uFFFD&gt;</key>\n\t<false/>\n");
 }
 
+TEST(XMLDictionaryWriter, ANodeIsIndentedAndItsClosingTag) {
+    XmlDocument document;
+    IndentNode(document.node().append_child("a"), 2, true);
+    IndentNode(document.DocumentElement().append_child("b"), 0, false);
+    EXPECT_EQ(document.ToString().substr(39), "\n\t\t<a>\n\t\t\n<b/></a>");
+}
+
 TEST(XMLDictionaryWriter, AStorageIsWrittenOnceHoweverFarApartAndCyclesEnd) {
     const auto shared = collection({"x"});
     const auto cyclic = dictionary({{"a", shared}});
@@ -125,8 +133,8 @@ TEST(XMLDictionaryReader, EntriesAreReadByTheTableOfElements) {
         {"color>#FF8040", "&h00ff8040"}, {"color>?1", "&h00000001"}, {"color>\u00E91", "&h00000001"},
         {"color>#123456789", "&h00000000"}, {"string>", "'"}, {"String>  ", "'  "},
         {"string> x\ty ", "' x\ty "},
-        {R"(string> <!-- - -- --> <![CDATA[<z>]]><b k="&lt;">&amp;</b> <?p i?>)",
-         R"(' <!-- - - - --> <![CDATA[<z>]]><b k="&lt;">&amp;</b> <?p i?>)"},
+        {"string> <!-- - > --> <![CDATA[<z>]]><b k='&lt;&#9;\">\t\n'>&amp;<c></c></b> <?p  i?><?q?>",
+         "' <!-- - > --> <![CDATA[<z>]]><b k=\"&lt;&#09;&quot;>  \">&amp;<c/></b> <?p i?><?q?>"},
         {"string>&lt;&gt;&amp;&apos;&quot;&#65;&#xe9;&#x1F52D;&amp;lt;1\r\n2\r3&#13;4",
          "'<>&'\"A\u00E9\U0001F52D&lt;1\n2\n3\r4"},
         {"array><true/><key>k</key><string>s</string><data/><array/>", "[true 's []]"}};
@@ -147,36 +155,90 @@ TEST(XMLDictionaryReader, EntriesAreReadByTheTableOfElements) {
                   expected);
 }
 
-std::string utf16(std::string_view ascii, bool bigEndian) {
+/// UTF-16 with a byte order mark.
+std::string utf16(std::u16string_view text, bool bigEndian = false) {
     std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
-    for (const char byte : ascii)
-        bytes += bigEndian ? std::string{'\0', byte} : std::string{byte, '\0'};
+    for (const char16_t unit : text)
+        for (const int shift : {bigEndian ? 8 : 0, bigEndian ? 0 : 8})
+            bytes += static_cast<char>(unit >> shift);
     return bytes;
 }
 
-TEST(XMLDictionaryReader, DocumentsAreJudgedAsAWhole) {
+TEST(XMLDictionaryReader, SupportedDocumentsAreReadInTheirEncoding) {
     const std::string good = "<d><key>a</key><true/></d>";
-    const std::string type = R"(<!DOCTYPE d SYSTEM "http://nowhere.invalid/" [<!ENTITY e "x">]>)";
-    const std::string declaration = "<?xml version='1.0'?>";
+    const std::u16string wide = u"<d><key>a</key><true/></d>";
+    const std::string type = R"(<!DOCTYPE d SYSTEM "http://nowhere.invalid/" [<!ATTLIST d version CDATA "9">]>)";
     const std::pair<const char*, std::vector<std::string>> cases[] = {
-        {"{a=true}", {good, type + good, utf16(good, false), utf16(good, true),
-         "\xEF\xBB\xBF" + declaration + "\n<!--c-->" + type + "<?p?>" + good + "\n<!--c-->",
+        {"{a=true}", {good, type + good, utf16(wide), utf16(wide, true), utf16(wide).substr(2),
+         utf16(u"<?xml version='1.0' encoding='utf-16'?>" + wide, true),
+         "\xEF\xBB\xBF<?xml version='1.0' encoding='utf-8'?>\n<!--c-->" + type + "<?p?>" + good + "\n<!--c-->",
          "<PLIST>x<!--c--><DICT><key>a</key><true/></DICT></PLIST>"}},
         {"{}", {"<plist version='1.0.1'><dict/></plist>", "<any version='1.1.9'/>", "<any version='x'/>"}},
         {"{\u00E9='\u00FC}", {"<?xml version='1.0' encoding='ISO-8859-1'?>"
          "<d><key>\xE9</key><string>\xFC</string></d>"}},
+        {"{\U0001F52D=true}", {utf16(u"<d><key>\U0001F52D</key><true/></d>")}},
         {"refused", {"<plist version='1.1'><dict/></plist>", "<plist/>", "<plist><array/><dict/></plist>",
-         "<xmldict version='1.2'><key>a</key><true/></xmldict>", "<d version='&#x32;'/>", "", " \n",
-         "text", good + good, good + "x", "x" + good, "<![CDATA[x]]>" + good, "\n" + declaration + good,
-         good + "\0"s, type + type + good, good + type, type + "<d>&e;</d>", "<d x='&e;'/>", "<d",
-         utf16(good + "x", true)}}};
+         "<xmldict version='1.2'><key>a</key><true/></xmldict>", "<d version='&#x32;'/>"}}};
     for (const auto& [expected, documents] : cases)
         for (const std::string& document : documents)
             EXPECT_EQ(read(document), expected) << document;
-    for (const std::string content :
-         {"\x01", "\xE9", "\xEF\xBF\xBE", "&", "&none;", "&amp", "&#0;", "&#x110000;", "&#xD800;",
-          "&#xFFFE;", "&#-65;", "&#65x;", "&#;", "x]]>", "<e>"})
-        EXPECT_EQ(read("<d>" + content + "</d>"), "refused") << content;
+}
+
+TEST(XMLDictionaryReader, MalformedDocumentsLeaveTheDictionaryAsItWas) {
+    const auto latin1 = [](const std::string& rest) {
+        return "<?xml version='1.0' encoding='ISO-8859-1'?>" + rest;
+    };
+    const std::string start = "<d><key>a</key><true/>";
+    const std::vector<std::string> contents = {
+        "\x01", "\xE9", "\xED\xA0\x80", "\xEF\xBF\xBE", "\0"s, "&", "&none;", "&amp", "&#0;", "&#1;",
+        "&#x110000;", "&#xD800;", "&#xFFFE;", "&#-65;", "&#65x;", "&#;", "]]>", "<e>", "<e a='1' a='2'/>",
+        "<e a='<'/>", "<e a='&e;'/>", "<e a='1'b='2'/>", "<e a/>", "<e a=1/>", "<!-- -- -->", "<!-- --->",
+        "<1/>", "<-e/>", "<e\u00D7/>", "<\u037E/>", "<?xml version='1.0'?>", "<?XML p?>", "<!DOCTYPE d>"};
+    std::vector<std::string> documents = {
+        "", " \n", "text", "<d/><d/>", "<d/>x", "x<d/>", "<![CDATA[x]]><d/>", "<d", "<d/>\0"s, start,
+        "\n<?xml version='1.0'?><d/>", "<?xml?><d/>", "<?xml version='1.0' standalone='perhaps'?><d/>",
+        "<?xml version='2.0'?><d/>", "<?xml version='1.x'?><d/>", "<?xml encoding='UTF-8'?><d/>",
+        "<!DOCTYPE d><!DOCTYPE d><d/>", "<d/><!DOCTYPE d>", "<!DOCTYPE><d/>", "<!DOCTYPE d PUBLIC 'a'><d/>",
+        "<!DOCTYPE d [<!ELEMENT>]><d/>", "<!DOCTYPE d [<!ENTITY e 'x'>]><d/>",
+        "<!DOCTYPE d SYSTEM 'x'><d>&e;</d>", "<?xml version='1.0' encoding='UTF-16'?><d/>",
+        "<?xml version='1.0' encoding='US-ASCII'?><d>\u00E9</d>", "\xEF\xBB\xBF" + latin1("<d/>"),
+        latin1("<d>\x01</d>"), utf16(u"<d>\x01</d>"), utf16(u"<d/>x"), utf16(u"<d/>") + "\n",
+        utf16(u"<?xml version='1.0' encoding='ISO-8859-1'?><d/>"), "<\0\0\0d\0\0\0/\0\0\0>\0\0\0"s};
+    for (const char16_t half : {u'\xD83D', u'\xDD2D'})
+        for (const bool bigEndian : {false, true})
+            documents.push_back(utf16(u"<d a='" + std::u16string(1, half) + u"x'/>", bigEndian));
+    for (const std::string& content : contents)
+        documents.push_back(start + content + "</d>");
+    for (const std::string& document : documents) {
+        EXPECT_EQ(read(document), "refused") << document;
+        const auto storage = dictionary({{"a", "kept"}});
+        EXPECT_FALSE(LoadXML(storage, document));
+        EXPECT_EQ(shown(storage), "{a='kept}") << document;
+    }
+}
+
+TEST(XMLDictionaryReader, WhatIsReadIsAddedToADictionaryThatHoldsSomething) {
+    const std::string document = "<d><key>old</key><dict><key>b</key><true/></dict><key>a</key><null/></d>";
+    XmlDocument tree;
+    tree.LoadXml(document);
+    for (const bool fromTree : {false, true}) {
+        const auto nested = dictionary({{"a", true}});
+        const auto storage = dictionary({{"a", "kept"}, {"old", nested}});
+        EXPECT_TRUE(fromTree ? LoadXML(storage, tree) : LoadXML(storage, document));
+        EXPECT_EQ(shown(storage), "{a=nil old={a=true b=true}}");
+        EXPECT_EQ(StorageByKey(storage, "old").object<Dictionary>(), nested.get());
+    }
+}
+
+TEST(XMLDictionary, AFileOfManyBlocksReadsBack) {
+    const TemporaryFolder folder;
+    std::string text;
+    for (int i = 0; i < 100'000; ++i)
+        text += "\u20AC\U0001F52D";
+    const auto read = std::make_shared<Dictionary>();
+    EXPECT_FALSE(LoadXML(read, folder / "file") || LoadXML(read, folder / "."));
+    EXPECT_TRUE(SaveXML(dictionary({{"k", text}}), folder / "file", true) && LoadXML(read, folder / "file"));
+    EXPECT_EQ(StorageByKey(read, "k").string(), text);
 }
 
 TEST(XMLDictionary, DeepNestingIsReadToTheLimitAndWhatIsDeeperIsNeitherReadNorWritten) {

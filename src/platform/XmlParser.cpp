@@ -1,0 +1,194 @@
+#include "platform/Text.h"
+#include "platform/Xml.h"
+
+#include <exception>
+#include <expat.h>
+#include <fstream>
+#include <memory>
+#include <new>
+#include <type_traits>
+
+namespace skyvert {
+
+namespace {
+
+constexpr std::size_t kBlockSize = 64 * 1024; ///< even, so that no block splits a unit of UTF-16
+
+[[noreturn]] void malformed(const char* reason) {
+    throw XmlException(reason);
+}
+
+/// The production VersionNum of XML 1.0.
+bool isXmlVersion(std::string_view version) {
+    return version.size() > 2 && version.starts_with("1.") &&
+           version.find_first_not_of("0123456789", 2) == std::string_view::npos;
+}
+
+/// Finds surrogates of UTF-16 without their other half: libexpat takes whatever follows a high
+/// surrogate for a low one.
+class SurrogateCheck {
+public:
+    /// Looks at the next block of a document, of at least two bytes if it is the first.
+    void look(std::string_view block) {
+        if (!began_) {
+            began_ = true;
+            const bool isBigEndian = block.starts_with("\xFE\xFF") || block.front() == '\0';
+            highByte_ = isBigEndian ? 0 : 1;
+            isUtf16_ = isBigEndian || block.starts_with("\xFF\xFE") || block[1] == '\0';
+        }
+        for (std::size_t at = highByte_; isUtf16_ && at < block.size(); at += 2) {
+            const unsigned bits = static_cast<unsigned char>(block[at]) & 0xFCU;
+            if ((bits == 0xDC) != lowIsDue_)
+                malformed("half of a surrogate pair");
+            lowIsDue_ = bits == 0xD8;
+        }
+    }
+
+private:
+    bool began_ = false;
+    bool isUtf16_ = false;
+    bool lowIsDue_ = false;
+    std::size_t highByte_ = 0; ///< of each unit: the first or the second
+};
+
+/// A handler driven by libexpat.
+class Parser {
+public:
+    explicit Parser(XmlHandler& handler) : handler_(handler) {
+        if (!parser_)
+            throw std::bad_alloc();
+        XML_SetUserData(parser_.get(), this);
+        XML_SetElementHandler(parser_.get(), call<&Parser::openElement, const char*, const char**>,
+                              call<&Parser::closeElement, const char*>);
+        XML_SetCharacterDataHandler(parser_.get(), call<&Parser::addText, const char*, int>);
+        XML_SetCdataSectionHandler(parser_.get(), call<&Parser::flushText>, call<&Parser::cdata>);
+        XML_SetCommentHandler(parser_.get(), call<&Parser::comment, const char*>);
+        XML_SetProcessingInstructionHandler(parser_.get(),
+                                            call<&Parser::instruction, const char*, const char*>);
+        XML_SetXmlDeclHandler(parser_.get(),
+                              call<&Parser::declaration, const char*, const char*, int>);
+        XML_SetEntityDeclHandler(parser_.get(),
+                                 [](void* self, const char*, int, const char*, int, const char*,
+                                    const char*, const char*,
+                                    const char*) { call<&Parser::refuseEntity>(self); });
+        XML_SetSkippedEntityHandler(
+            parser_.get(), [](void* self, const char*, int) { call<&Parser::refuseEntity>(self); });
+    }
+
+    /// Takes the next block, all of them but the last of `kBlockSize`.
+    void feed(std::string_view block, bool isLast) {
+        if (!isLast || block.size() > 1)
+            surrogates_.look(block);
+        if (isFirst_)
+            hasUtf8Mark_ = block.starts_with("\xEF\xBB\xBF");
+        isFirst_ = false;
+        const XML_Status status =
+            XML_Parse(parser_.get(), block.data(), static_cast<int>(block.size()), isLast);
+        if (failure_)
+            std::rethrow_exception(failure_);
+        if (status != XML_STATUS_OK)
+            malformed(XML_ErrorString(XML_GetErrorCode(parser_.get())));
+    }
+
+private:
+    struct Free {
+        void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+    };
+
+    /// A function for libexpat that calls a member. No exception passes through libexpat: it stops
+    /// there, and `feed` throws.
+    template <auto member, typename... Arguments>
+    static void XMLCALL call(void* self, Arguments... arguments) {
+        auto& parser = *static_cast<Parser*>(self);
+        if (parser.failure_)
+            return;
+        try {
+            (parser.*member)(arguments...);
+        } catch (...) {
+            parser.failure_ = std::current_exception();
+            XML_StopParser(parser.parser_.get(), XML_FALSE);
+        }
+    }
+
+    void openElement(const char* name, const char** attributes) {
+        flushText();
+        if (++depth_ > kMaxXmlDepth)
+            malformed("nested too deeply");
+        // Without those that a document type adds.
+        const int count = XML_GetSpecifiedAttributeCount(parser_.get());
+        handler_.openElement(name, {attributes, static_cast<std::size_t>(count)});
+    }
+
+    void closeElement(const char* name) {
+        flushText();
+        --depth_;
+        handler_.closeElement(name);
+    }
+
+    void addText(const char* text, int size) { text_.append(text, static_cast<std::size_t>(size)); }
+
+    void flushText() {
+        if (!text_.empty())
+            handler_.text(text_);
+        text_.clear();
+    }
+
+    void cdata() {
+        handler_.cdata(text_);
+        text_.clear();
+    }
+
+    void comment(const char* text) {
+        flushText();
+        handler_.comment(text);
+    }
+
+    void instruction(const char* target, const char* data) {
+        flushText();
+        handler_.instruction(target, data);
+    }
+
+    void declaration(const char* version, const char* encoding, int /*standalone*/) {
+        if (version != nullptr && !isXmlVersion(version))
+            malformed("no version of XML");
+        if (hasUtf8Mark_ && encoding != nullptr && !equalsIgnoringCase(encoding, "UTF-8"))
+            malformed("a declared encoding other than that of the byte order mark");
+    }
+
+    void refuseEntity() { malformed("an entity"); }
+
+    XmlHandler& handler_;
+    std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free> parser_{XML_ParserCreate(nullptr)};
+    SurrogateCheck surrogates_;
+    bool isFirst_ = true;
+    bool hasUtf8Mark_ = false;
+    int depth_ = 0;
+    std::string text_; ///< what of a text or CDATA section has come so far
+    std::exception_ptr failure_;
+};
+
+} // namespace
+
+void parseXml(std::string_view text, XmlHandler& handler) {
+    Parser parser(handler);
+    for (; text.size() > kBlockSize; text.remove_prefix(kBlockSize))
+        parser.feed(text.substr(0, kBlockSize), false);
+    parser.feed(text, true);
+}
+
+bool parseXmlFile(const std::filesystem::path& file, XmlHandler& handler) {
+    std::ifstream stream(file, std::ios::binary);
+    std::string block(kBlockSize, '\0');
+    for (Parser parser(handler); stream;) {
+        stream.read(block.data(), static_cast<std::streamsize>(block.size()));
+        if (stream.bad())
+            break;
+        const auto size = static_cast<std::size_t>(stream.gcount());
+        parser.feed({block.data(), size}, stream.eof());
+        if (stream.eof())
+            return true;
+    }
+    return false;
+}
+
+} // namespace skyvert
