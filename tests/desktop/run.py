@@ -1,0 +1,40 @@
+"""run.py PROGRAM FOLDER [SCENARIO...]: runs all scenarios, or the named ones. What a failed one
+leaves stays in the folder, with a picture of the display."""
+
+import shutil
+import subprocess
+import sys
+import traceback
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+import scenarios  # noqa: E402
+from person import Person  # noqa: E402
+
+
+def passes(scenario, program, home):
+    shutil.rmtree(home, ignore_errors=True)
+    home.mkdir(parents=True)
+    person = Person(program, home)
+    try:
+        scenario(person)
+    except Exception:
+        subprocess.run(["import", "-window", "root", home / "display.png"], check=False)
+        print(f"FAILED: {scenario.__name__}, see {home}")
+        traceback.print_exc(limit=-4)
+        return False
+    finally:
+        person.leaves()
+    shutil.rmtree(home)
+    return True
+
+
+def main(program, folder, *names):
+    wanted = [getattr(scenarios, name) for name in names] or scenarios.SCENARIOS
+    passed = sum(passes(scenario, Path(program).resolve(), Path(folder).resolve() / scenario.__name__)
+                 for scenario in wanted)
+    print(f"{passed} passed, {len(wanted) - passed} failed")
+    return passed < len(wanted)
+
+
+sys.exit(main(*sys.argv[1:]))
