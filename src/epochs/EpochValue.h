@@ -43,8 +43,8 @@ protected:
     EpochView& operator=(const EpochView&) = default;
 };
 
-/// The epoch that a selector stands for: how the choice of a preset, of the present day or of a free
-/// date becomes an epoch, and the text in which the choice is stored between runs.
+/// The epoch that a selector stands for: how the choice of a preset, of the present day or of a
+/// free date becomes an epoch, and the text in which the choice is stored between runs.
 ///
 /// The letters B and J belong to the presets' names only: each preset is 1 January of its year.
 class EpochValue {

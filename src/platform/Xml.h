@@ -51,7 +51,7 @@ public:
 /// Throws `XmlException`; by then the handler has received the part before the fault.
 void parseXml(std::string_view text, XmlHandler& handler);
 
-/// The same from a file, a block at a time. False when the file cannot be opened or read.
+/// The same from a regular file, a block at a time. False when it is none, or cannot be read.
 bool parseXmlFile(const std::filesystem::path& file, XmlHandler& handler);
 
 /// A node of a document.

@@ -1,11 +1,12 @@
+#include "platform/File.h"
 #include "platform/Text.h"
 #include "platform/Xml.h"
 
 #include <exception>
 #include <expat.h>
-#include <fstream>
 #include <memory>
 #include <new>
+#include <optional>
 #include <type_traits>
 
 namespace skyvert {
@@ -169,6 +170,24 @@ private:
 
 } // namespace
 
+namespace {
+
+/// Fills a block as far as the file goes. Returns the bytes read, or nothing when that failed.
+std::optional<std::size_t> readBlock(File& file, std::string& block) {
+    std::size_t size = 0;
+    while (size < block.size()) {
+        const std::ptrdiff_t read = file.read(block.data() + size, block.size() - size);
+        if (read < 0)
+            return std::nullopt;
+        if (read == 0)
+            break;
+        size += static_cast<std::size_t>(read);
+    }
+    return size;
+}
+
+} // namespace
+
 void parseXml(std::string_view text, XmlHandler& handler) {
     Parser parser(handler);
     for (; text.size() > kBlockSize; text.remove_prefix(kBlockSize))
@@ -177,18 +196,19 @@ void parseXml(std::string_view text, XmlHandler& handler) {
 }
 
 bool parseXmlFile(const std::filesystem::path& file, XmlHandler& handler) {
-    std::ifstream stream(file, std::ios::binary);
+    File opened(file, File::Use::Read);
+    if (!opened.regularSize())
+        return false;
     std::string block(kBlockSize, '\0');
-    for (Parser parser(handler); stream;) {
-        stream.read(block.data(), static_cast<std::streamsize>(block.size()));
-        if (stream.bad())
-            break;
-        const auto size = static_cast<std::size_t>(stream.gcount());
-        parser.feed({block.data(), size}, stream.eof());
-        if (stream.eof())
+    Parser parser(handler);
+    for (;;) {
+        const std::optional<std::size_t> size = readBlock(opened, block);
+        if (!size)
+            return false;
+        parser.feed(std::string_view(block).substr(0, *size), *size < block.size());
+        if (*size < block.size())
             return true;
     }
-    return false;
 }
 
 } // namespace skyvert

@@ -7,10 +7,12 @@
 #include <QApplication>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 
 namespace skyvert {
@@ -18,6 +20,7 @@ namespace skyvert {
 namespace {
 
 constexpr int kControlHeight = 24;
+constexpr std::chrono::milliseconds kRetryDelay{20};
 constexpr int kButtonMargin = 7; ///< between a button's caption and its edge
 
 /// Qt's own choice would be the next control of any kind, such as the popup of the export.
@@ -33,6 +36,16 @@ void focusNextTextField(const QWidget& from) {
 int heightFor(const QWidget& widget) {
     const int letters = widget.fontMetrics().height();
     return std::max(std::min(kControlHeight, letters * 7 / 4), letters + 4);
+}
+
+void callSoon(QObject& context, std::function<void()> handler) {
+    auto* const timer = new QTimer(&context);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, handler = std::move(handler)] {
+        timer->deleteLater();
+        handler();
+    });
+    timer->start(kRetryDelay);
 }
 
 void mirrorControl(const Control& control, QWidget& widget) {

@@ -11,9 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStringListModel>
-#include <QTimer>
 
-#include <chrono>
 #include <functional>
 #include <utility>
 
@@ -22,6 +20,9 @@ namespace skyvert {
 /// The least height of a control. Those of one row are equally high, and higher only where the font
 /// asks for it.
 int heightFor(const QWidget& widget);
+
+/// Calls a handler from the event loop a little later, unless `context` is gone by then.
+void callSoon(QObject& context, std::function<void()> handler);
 
 /// Mirrors what every kind of control has: whether it is enabled and visible, and its help tag. The
 /// keyboard focus goes from a control that is disabled to the next text field.
@@ -66,7 +67,7 @@ protected:
     /// has ended.
     void act(const std::function<void()>& handler) {
         if (desktop_.progress.isWorking())
-            QTimer::singleShot(kRetryDelay, this, [this, handler] { act(handler); });
+            callSoon(*this, [this, handler] { act(handler); });
         else
             dispatch(desktop_.dialogs, handler);
     }
@@ -78,8 +79,6 @@ protected:
     const Desktop& desktop() const { return desktop_; }
 
 private:
-    static constexpr std::chrono::milliseconds kRetryDelay{20};
-
     ControlType& control_;
     const Desktop& desktop_;
 };

@@ -9,13 +9,20 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
-#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace skyvert {
 
 namespace {
+
+/// The time after the start in which the platform finds a place for the window.
+constexpr std::chrono::milliseconds kPlacingTime{500};
+
+/// Beyond this no platform shows a window, and X11 has no numbers for its place.
+constexpr int kFarthest = 16'000;
 
 /// Room for what a window manager puts around a window, which is not known before it is shown.
 constexpr QSize kFrame(8, 48);
@@ -93,6 +100,7 @@ void MainWindowView::open(const QRect& screenArea) {
     show();
     window_.raManual.SetFocus();
     reportPlace();
+    placing_ = desktop_.scheduler.after(kPlacingTime, [this] { placing_.reset(); });
 }
 
 /// How many pixels a point can be for a window of the least height to fit into the room.
@@ -126,24 +134,29 @@ void MainWindowView::refresh() {
     if (reporting_)
         return;
     setWindowTitle(toQString(window_.title()));
-    move(window_.left(), window_.top());
+    move(std::clamp(window_.left(), -kFarthest, kFarthest),
+         std::clamp(window_.top(), -kFarthest, kFarthest));
     const int height =
         std::clamp(window_.height(), window_.minimumHeight(), window_.maximumHeight());
     resize(widthInPixels(), pane_->toPixels(height) + menuBarHeight());
 }
 
+/// Reports what the user has changed. Where the platform puts the window at the start is not
+/// reported: it may not take the place that was asked for, and several heights in points may share
+/// one in pixels.
 void MainWindowView::reportPlace() {
     if (!isVisible())
         return;
+    const QRect before = std::exchange(place_, QRect(pos(), size()));
+    if (placing_)
+        return;
     const SettingGuard guard(reporting_);
-    if (isPlaceTold()) {
-        window_.setLeft(pos().x());
-        window_.setTop(pos().y());
-    }
-    const int shown = height() - menuBarHeight();
-    // Several heights in points may share one in pixels: the one that was asked for stays.
-    if (shown != pane_->toPixels(window_.height()))
-        window_.setHeight(pane_->toPoints(shown));
+    if (isPlaceTold() && place_.left() != before.left())
+        window_.setLeft(place_.left());
+    if (isPlaceTold() && place_.top() != before.top())
+        window_.setTop(place_.top());
+    if (place_.height() != before.height())
+        window_.setHeight(pane_->toPoints(height() - menuBarHeight()));
 }
 
 void MainWindowView::moveEvent(QMoveEvent* event) {
@@ -164,9 +177,10 @@ void MainWindowView::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindowView::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    QTimer::singleShot(0, this, [this, files = filesIn(*event->mimeData())] {
+    const auto import = [this, files = filesIn(*event->mimeData())] {
         dispatch(desktop_.dialogs, [&] { window_.FilesDropped(files); });
-    });
+    };
+    QMetaObject::invokeMethod(this, import, Qt::QueuedConnection);
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {

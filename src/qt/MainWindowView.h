@@ -52,6 +52,8 @@ private:
     const Desktop& desktop_;
     LockedPane* pane_;
     bool reporting_ = false;
+    QRect place_;                    ///< where the window was last, in pixels
+    std::unique_ptr<Alarm> placing_; ///< while the platform finds a place for the window
 };
 
 } // namespace skyvert

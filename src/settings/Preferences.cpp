@@ -16,6 +16,21 @@ namespace skyvert {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// Whether a document is whole: the end tag of the root comes last, so one that was cut is malformed.
+bool isWellFormed(std::string_view text) {
+    try {
+        XmlHandler nobody;
+        parseXml(text, nobody);
+        return true;
+    } catch (const XmlException&) {
+        return false;
+    }
+}
+
+} // namespace
+
 Preferences::Preferences(const fs::path& applicationData, const fs::path& folder,
                          const fs::path& file)
     : prefs_(std::make_shared<Dictionary>()), fprefs_(applicationData / folder / file),
@@ -34,19 +49,15 @@ bool Preferences::readCopy() {
     const std::optional<std::string> text = readWholeFile(copy_);
     if (!text)
         return false;
-    try {
-        XmlDocument document;
-        document.LoadXml(*text);
-        if (!LoadXML(prefs_, document))
-            return false;
-    } catch (const XmlException&) {
-        // The end tag of the root comes last: what is well-formed is whole, and what is cut is not.
+    if (LoadXML(prefs_, *text)) {
+        replaceFile(*text);
+        return true;
+    }
+    if (!isWellFormed(*text)) {
         std::error_code ignored;
         fs::remove(copy_, ignored);
-        return false;
     }
-    replaceFile(*text);
-    return true;
+    return false;
 }
 
 Variant Preferences::Value(std::string_view key, const Variant& byDefault) const {
