@@ -1,3 +1,4 @@
+#include "platform/Files.h"
 #include "qt/ShownWindow.h"
 
 #include <QClipboard>
