@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Controls.h"
-#include "platform/Desktop.h"
+#include "controls/Controls.h"
+#include "controls/Desktop.h"
 #include "qt/MaskedLineEdit.h"
 #include "qt/QtText.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Listbox.h"
+#include "controls/Listbox.h"
 
 #include <QAbstractTableModel>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/EntryMask.h"
+#include "controls/EntryMask.h"
 
 #include <QLineEdit>
 

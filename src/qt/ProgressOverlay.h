@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Progress.h"
+#include "controls/Progress.h"
 
 #include <QElapsedTimer>
 #include <QFrame>

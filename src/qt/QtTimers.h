@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Dialogs.h"
-#include "platform/Progress.h"
-#include "platform/Timer.h"
+#include "controls/Dialogs.h"
+#include "controls/Progress.h"
+#include "controls/Timer.h"
 
 #include <QObject>
 

@@ -18,7 +18,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Whether a document is whole: the end tag of the root comes last, so one that was cut is malformed.
+/// Whether a document is whole: the end tag of the root comes last, so one that was cut is
+/// malformed.
 bool isWellFormed(std::string_view text) {
     try {
         XmlHandler nobody;

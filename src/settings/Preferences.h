@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Dictionary.h"
-#include "platform/Variant.h"
+#include "settings/Dictionary.h"
+#include "settings/Variant.h"
 
 #include <cstdint>
 #include <filesystem>

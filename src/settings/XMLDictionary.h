@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Dictionary.h"
-#include "platform/Variant.h"
-#include "platform/Xml.h"
+#include "settings/Dictionary.h"
+#include "settings/Variant.h"
+#include "settings/Xml.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "platform/Number.h"
-#include "platform/Objects.h"
 #include "platform/Text.h"
 #include "platform/Unicode.h"
+#include "settings/Objects.h"
 #include "settings/XMLDictionary.h"
 
 #include <algorithm>

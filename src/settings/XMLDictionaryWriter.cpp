@@ -1,6 +1,6 @@
 #include "platform/Files.h"
 #include "platform/Number.h"
-#include "platform/Objects.h"
+#include "settings/Objects.h"
 #include "settings/XMLDictionary.h"
 
 #include <algorithm>

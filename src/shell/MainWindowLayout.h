@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ControlLayout.h"
+#include "controls/ControlLayout.h"
 
 #include <span>
 

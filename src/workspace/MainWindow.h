@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/Listbox.h"
+#include "controls/Timer.h"
+#include "controls/Window.h"
 #include "epochs/Precession.h"
-#include "platform/Listbox.h"
 #include "platform/TextOutputStream.h"
-#include "platform/Timer.h"
-#include "platform/Window.h"
 #include "shell/App.h"
 #include "shell/EpochSelector.h"
 #include "shell/FormatSelector.h"

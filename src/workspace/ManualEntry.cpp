@@ -1,5 +1,5 @@
+#include "controls/EntryMask.h"
 #include "notation/PastedPosition.h"
-#include "platform/EntryMask.h"
 #include "platform/Text.h"
 #include "workspace/MainWindow.h"
 

@@ -6,7 +6,7 @@
 #include "notation/LookAlikes.h"
 #include "notation/PastedPosition.h"
 #include "notation/RADecFormat.h"
-#include "platform/EntryMask.h"
+#include "controls/EntryMask.h"
 #include "shell/EpochSelector.h"
 #include "support/TestDesktop.h"
 #include "workspace/DelimitedText.h"

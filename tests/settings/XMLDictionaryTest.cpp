@@ -1,6 +1,6 @@
 #include "settings/XMLDictionary.h"
 
-#include "platform/Objects.h"
+#include "settings/Objects.h"
 #include "support/TestDesktop.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/Dialogs.h"
+#include "controls/Dialogs.h"
 
 #include <exception>
 #include <new>

@@ -1,4 +1,4 @@
-#include "platform/Listbox.h"
+#include "controls/Listbox.h"
 
 #include <algorithm>
 

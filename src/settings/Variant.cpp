@@ -1,4 +1,4 @@
-#include "platform/Variant.h"
+#include "settings/Variant.h"
 
 #include "platform/Number.h"
 #include "platform/Text.h"

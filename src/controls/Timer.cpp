@@ -1,4 +1,4 @@
-#include "platform/Timer.h"
+#include "controls/Timer.h"
 
 #include <utility>
 

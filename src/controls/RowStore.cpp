@@ -1,4 +1,4 @@
-#include "platform/RowStore.h"
+#include "controls/RowStore.h"
 
 #include <limits>
 #include <stdexcept>

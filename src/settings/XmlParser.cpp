@@ -1,6 +1,6 @@
 #include "platform/File.h"
 #include "platform/Text.h"
-#include "platform/Xml.h"
+#include "settings/Xml.h"
 
 #include <exception>
 #include <expat.h>

@@ -1,5 +1,5 @@
 #include "notation/RADecFormat.h"
-#include "platform/EntryMask.h"
+#include "controls/EntryMask.h"
 #include "platform/Text.h"
 
 #include <gtest/gtest.h>

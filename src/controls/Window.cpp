@@ -1,4 +1,4 @@
-#include "platform/Window.h"
+#include "controls/Window.h"
 
 #include <exception>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "platform/EntryMask.h"
+#include "controls/EntryMask.h"
 
 #include "platform/Text.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Variant.h"
+#include "settings/Variant.h"
 
 #include <cstddef>
 #include <filesystem>

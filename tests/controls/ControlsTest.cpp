@@ -1,6 +1,6 @@
-#include "platform/Controls.h"
+#include "controls/Controls.h"
 
-#include "platform/Listbox.h"
+#include "controls/Listbox.h"
 #include "support/TestDesktop.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/Dialogs.h"
+#include "controls/Progress.h"
+#include "controls/Timer.h"
 #include "platform/Clock.h"
-#include "platform/Dialogs.h"
 #include "platform/Locale.h"
-#include "platform/Progress.h"
-#include "platform/Timer.h"
 
 namespace skyvert {
 

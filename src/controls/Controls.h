@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/ControlLayout.h"
 #include "platform/Color.h"
-#include "platform/ControlLayout.h"
 #include "platform/Date.h"
 
 #include <cstdint>

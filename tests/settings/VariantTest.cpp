@@ -1,6 +1,6 @@
-#include "platform/Variant.h"
+#include "settings/Variant.h"
 
-#include "platform/Dictionary.h"
+#include "settings/Dictionary.h"
 
 #include <gtest/gtest.h>
 

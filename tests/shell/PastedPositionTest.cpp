@@ -1,6 +1,6 @@
 #include "notation/PastedPosition.h"
 #include "notation/RADecFormat.h"
-#include "platform/EntryMask.h"
+#include "controls/EntryMask.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/Xml.h"
+#include "settings/Xml.h"
 
 #include "platform/Unicode.h"
 

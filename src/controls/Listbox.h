@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Controls.h"
-#include "platform/RowStore.h"
+#include "controls/Controls.h"
+#include "controls/RowStore.h"
 
 #include <span>
 
