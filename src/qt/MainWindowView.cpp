@@ -177,10 +177,11 @@ void MainWindowView::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindowView::dropEvent(QDropEvent* event) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    const auto import = [this, files = filesIn(*event->mimeData())] {
-        dispatch(desktop_.dialogs, [&] { window_.FilesDropped(files); });
-    };
-    QMetaObject::invokeMethod(this, import, Qt::QueuedConnection);
+    dropped_ = desktop_.scheduler.after(
+        std::chrono::milliseconds(0), [this, files = filesIn(*event->mimeData())] {
+            const std::unique_ptr<Alarm> spent = std::move(dropped_);
+            window_.FilesDropped(files);
+        });
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {

@@ -51,6 +51,7 @@ private:
     MainWindow& window_;
     const Desktop& desktop_;
     LockedPane* pane_;
+    std::unique_ptr<Alarm> dropped_; ///< the import of what has been dropped
     bool reporting_ = false;
     QRect place_;                    ///< where the window was last, in pixels
     std::unique_ptr<Alarm> placing_; ///< while the platform finds a place for the window

@@ -84,7 +84,7 @@ TEST(ListView, FilesDroppedOnTheWindowAreImportedInTheirTurn) {
         shown.window.fileFormat.setValue(dialect);
         QApplication::sendEvent(shown.find("raManual"), &enter);
         QApplication::sendEvent(&shown.view, &drop);
-        QCoreApplication::processEvents();
+        shown.advance();
     }
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
     EXPECT_EQ(shown.window.list.RowCount(), 3);
