@@ -208,6 +208,9 @@ bool File::isAt(const fs::path& path) const {
            own.st_dev == named.st_dev && own.st_ino == named.st_ino;
 }
 
+// What follows changes the file, though not the object.
+// NOLINTBEGIN(readability-make-member-function-const)
+
 bool File::lock() {
     return uninterrupted([this] { return ::flock(descriptor_, LOCK_EX | LOCK_NB); }) == 0;
 }
@@ -258,6 +261,8 @@ bool File::sync() {
 #endif
     return uninterrupted([this] { return ::fsync(descriptor_); }) == 0;
 }
+
+// NOLINTEND(readability-make-member-function-const)
 
 void File::close() {
     if (isOpen())
