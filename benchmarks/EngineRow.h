@@ -22,7 +22,7 @@ public:
         }
     }
 
-    /// The four cells, one behind the other. Valid until the next call.
+    /// The four cells, one after the other. Valid until the next call.
     std::string_view convert(std::string_view ra, std::string_view dec) {
         const Pair position{input_.ImportRA(ra, error_), input_.ImportDec(dec, error_)};
         const Pair precessed = precession_.convert(position);

@@ -24,7 +24,7 @@ struct Preset {
 
 constexpr Preset kPresets[] = {
     {"B1900.0", 1900}, {"B1950.0", 1950}, {"J2000.0", 2000}, {"J2050.0", 2050}};
-constexpr std::int64_t kNowRow = std::size(kPresets); ///< the row behind the presets
+constexpr std::int64_t kNowRow = std::size(kPresets); ///< the row after the presets
 constexpr std::int64_t kOtherRow = kNowRow + 1;
 constexpr std::string_view kDefaultPreset = "J2000.0";
 
@@ -47,7 +47,7 @@ std::int64_t presetRowOfDay(const Date& date, std::int64_t otherwise) {
                      otherwise);
 }
 
-/// The row that a stored text names; -1 stands for no selection.
+/// The stored row; -1 stands for no selection.
 std::int64_t storedRow(const JsonObject& stored) {
     const auto isDefault = [](const Preset& preset) { return preset.name == kDefaultPreset; };
     const std::int64_t row = stored.integer(kPopupMember).value_or(presetRow(isDefault, -1));
@@ -77,7 +77,7 @@ const Date& EpochValue::currentEpoch() const {
     return *mepoch_;
 }
 
-/// The Julian date is worked out with the epoch and not at each reading: every row asks for it.
+/// Computes the Julian date here, not when it is read: each row of an import reads it.
 void EpochValue::become(const Date& date) {
     mepoch_ = date;
     julianDate_ = DateToJulian(date);
@@ -92,14 +92,14 @@ std::int64_t EpochValue::rowOfDay(const Date& date) const {
     return presetRowOfDay(date, isToday ? kNowRow : kOtherRow);
 }
 
-/// The date that a row stands for, `other` being the one of every row that has none.
+/// The date of a row; `other` if the row has none.
 Date EpochValue::dateOfRow(std::int64_t row, const Date& other) const {
     if (row >= 0 && row < kNowRow)
         return kPresets[row].date();
     return row == kNowRow ? clock_.now() : other;
 }
 
-/// The owner is handed a copy, which stands even if it assigns an epoch of its own.
+/// Passes a copy, which stays valid if the owner assigns an epoch.
 void EpochValue::raiseValueChanged() const {
     if (ValueChanged)
         ValueChanged(Date(currentEpoch()));
@@ -170,7 +170,7 @@ void EpochValue::setSerialised(std::string_view text) {
     date.setSQLDate(stored.text(kDateMember).value_or(date.SQLDate()));
     view_.selectRow(row);
     view_.showDate(date);
-    // The handlers have run in between, on a date control that was not filled yet.
+    // The handlers above may have run before the date control had its date.
     become(dateOfRow(view_.selectedRow(), date));
 }
 

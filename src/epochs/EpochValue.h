@@ -13,10 +13,10 @@
 
 namespace skyvert {
 
-/// The rows of the popup in their order: the presets, "JNow" and "Other".
+/// The rows of the popup: the presets, "JNow" and "Other".
 std::vector<std::string> epochRows();
 
-/// What an `EpochValue` reads and moves of the selector that shows it: a popup with the rows of
+/// The part of the epoch selector that an `EpochValue` reads and changes: a popup with the rows of
 /// `epochRows`, and a date with its label.
 class EpochView {
 public:
@@ -43,54 +43,54 @@ protected:
     EpochView& operator=(const EpochView&) = default;
 };
 
-/// The epoch that a selector stands for: how the choice of a preset, of the present day or of a
-/// free date becomes an epoch, and the text in which the choice is stored between runs.
+/// The epoch of a selector: how a preset, the present day or a free date becomes an epoch, and the
+/// text that stores the selection between runs.
 ///
-/// The letters B and J belong to the presets' names only: each preset is 1 January of its year.
+/// The letters B and J are part of the presets' names only: each preset is 1 January of its year.
 class EpochValue {
 public:
-    /// The view and the clock outlive the object. Until an epoch is assigned or restored there is
-    /// none, whatever the view shows.
+    /// The view and the clock must outlive the object. There is no epoch until one is assigned,
+    /// selected or restored, whatever the view shows.
     EpochValue(EpochView& view, const Clock& clock, Locale locale);
 
-    /// Runs when the user's choice, or a restore, has made this the epoch.
+    /// Runs after a selection, by the user or a restore, has set the epoch.
     std::function<void(const Date&)> ValueChanged;
 
     /// The current epoch. It does not follow the clock: "JNow" is the moment of its selection.
     const std::optional<Date>& epoch() const { return mepoch_; }
 
-    /// Makes `date` the epoch and selects the row that stands for its day, else "Other". On the
-    /// day that is the epoch already, nothing changes, not even the row. Raises no `ValueChanged`.
+    /// Sets the epoch and selects the row of its day, or "Other". If the epoch is on that day
+    /// already, nothing changes, not even the row. Does not raise `ValueChanged`.
     void setEpoch(const Date& date);
 
-    /// The epoch as a year with a fraction, every year counted as 365.25 days; 0.0 without epoch.
+    /// The epoch as a year with a fraction, in years of 365.25 days; 0.0 without an epoch.
     double epochYear() const;
 
-    /// Makes the day nearest to the year and its fraction the epoch, at the present clock time.
-    /// February counts 28 days in every year; past them all it is 31 December.
+    /// Sets the epoch to the day nearest to a year with a fraction, at the present clock time.
+    /// February counts as 28 days in every year; a day after the last one becomes 31 December.
     void setEpochYear(double year);
 
     /// The Julian date of 0h of the epoch's day. Throws `std::logic_error` without an epoch.
     double epochJulian() const;
     void setEpochJulian(double julianDate);
 
-    /// The selection as JSON: the popup's row and the day in the date control, whichever row is
-    /// selected, for instance `{"epochPopup":2,"epochDate":"2000-01-01"}`.
+    /// The selection as JSON: the popup's row, and the day in the date control whichever row is
+    /// selected. For instance `{"epochPopup":2,"epochDate":"2000-01-01"}`.
     std::string serialised() const;
 
-    /// Restores a selection. The empty text, as a member that is missing, stands for "J2000.0" and
-    /// the present day in the date control. Throws `std::invalid_argument`, with nothing changed,
-    /// for a text that is no JSON object, a row that is none and a date that is none.
+    /// Restores a selection. The empty text and missing members stand for "J2000.0" and the present
+    /// day in the date control. Throws `std::invalid_argument` and changes nothing if the text is
+    /// not a JSON object or names a row or date that does not exist.
     void setSerialised(std::string_view text);
 
-    /// To be called when another row of the popup has been selected.
+    /// Call after another row of the popup has been selected.
     void epochPopup_Change();
 
-    /// To be called when the date in the date control has changed.
+    /// Call after the date in the date control has changed.
     void epochDate_ValueChanged();
 
     /// Sets the help tag of the popup: the epoch's year with one decimal, or nothing on the day of
-    /// a preset, whose name says as much. Throws `std::logic_error` without an epoch.
+    /// a preset, whose name already shows it. Throws `std::logic_error` without an epoch.
     void SetHelpTag();
 
 private:
@@ -105,8 +105,8 @@ private:
     const Clock& clock_;
     Locale locale_;
     std::optional<Date> mepoch_;
-    double julianDate_ = 0.0; ///< of 0h of `mepoch_`, if it has a value
-    bool setting_ = false;    ///< true while `setEpoch` moves the view
+    double julianDate_ = 0.0; ///< of 0h of `mepoch_`
+    bool setting_ = false;    ///< true while `setEpoch` changes the view
 };
 
 } // namespace skyvert

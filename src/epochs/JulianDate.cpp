@@ -9,14 +9,14 @@ namespace skyvert {
 
 namespace {
 
-// Every integer of this size is exact as a double, and the formulas stay within 64 bits.
+// Integers up to this size are exact as doubles, and the formulas stay within 64 bits.
 constexpr std::int64_t kFarthest = 1'000'000'000'000'000;
 
 double toDouble(std::int64_t value) {
     return static_cast<double>(value);
 }
 
-/// The Gregorian calendar begins with day 5.0, not 15: the ten days that it left out count to it.
+/// The Gregorian calendar starts at day 5.0, not 15: it includes the ten days that were skipped.
 bool isJulianCalendar(std::int64_t year, std::int64_t month, double day) {
     return year < 1582 || (year == 1582 && (month < 10 || (month == 10 && day < 5.0)));
 }
@@ -26,7 +26,7 @@ std::int64_t gregorianCorrection(std::int64_t year) {
     return 2 - century + Int(toDouble(century) / 4.0);
 }
 
-/// The number of a day (the floor of its Julian date + 0.5) as the Julian calendar would have it.
+/// Moves a day number, the floor of a Julian date + 0.5, from the Gregorian to the Julian calendar.
 std::int64_t toJulianCalendar(std::int64_t dayNumber) {
     if (dayNumber < 2299161)
         return dayNumber;
@@ -34,7 +34,7 @@ std::int64_t toJulianCalendar(std::int64_t dayNumber) {
     return Int(toDouble(dayNumber + 1 + alpha) - std::floor(toDouble(alpha) / 4.0));
 }
 
-/// Midnight of a calendar day moved on by the fraction of a day, rounded to the second.
+/// The date and time of a day with a fraction, rounded to the second.
 Date withTimeOfDay(std::int64_t year, std::int64_t month, double day) {
     double hours = Frac(day) * 24.0;
     double minutes = (hours - std::floor(hours)) * 60.0;
@@ -53,8 +53,8 @@ Date withTimeOfDay(std::int64_t year, std::int64_t month, double day) {
         extraSeconds = 86400.0;
     }
     Date date(year, month, Int(day), Int(hours), Int(minutes), seconds);
-    // Only where a day is crossed: counted in seconds, 29 February 1500, which the Julian calendar
-    // has and the Gregorian one has not, would come back as 1 March.
+    // Only if the time crosses into the next day: through `TotalSeconds`, 29 February 1500, which
+    // only the Julian calendar has, would become 1 March.
     if (extraSeconds != 0.0)
         date.setTotalSeconds(date.TotalSeconds() + extraSeconds);
     return date;
@@ -73,7 +73,7 @@ std::int64_t Int(double x) {
 double DateToJulian(std::int64_t year, std::int64_t month, double day) {
     year = std::clamp(year, -kFarthest, kFarthest);
     month = std::clamp(month, -kFarthest, kFarthest);
-    const bool endsYear = month <= 2; // January and February end the year before
+    const bool endsYear = month <= 2; // January and February count as months 13 and 14
     const std::int64_t y = endsYear ? year - 1 : year;
     const std::int64_t m = endsYear ? month + 12 : month;
     const std::int64_t b = isJulianCalendar(year, month, day) ? 0 : gregorianCorrection(y);

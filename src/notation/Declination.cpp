@@ -12,20 +12,17 @@ namespace skyvert {
 
 namespace {
 
-/// The message of the first field that is out of range; empty when all are in theirs.
+/// The message for the first field that is out of range, or empty.
 std::string_view checkFields(const Fields& fields) {
-    if (0.0 > fields.first || fields.first > 90.0)
+    const auto [first, minutes, seconds] = fields;
+    if (0.0 > first || first > 90.0)
         return "Degrees must be between -90 and +90";
-    if (0.0 > fields.minutes || fields.minutes >= 60.0)
+    if (0.0 > minutes || minutes >= 60.0)
         return kBadMinutes;
-    if (0.0 > fields.seconds || fields.seconds >= 60.0)
+    if (0.0 > seconds || seconds >= 60.0)
         return kBadSeconds;
     return {};
 }
-
-/// Half of all positions have either sign, and no processor guesses it: it is looked up.
-constexpr std::array<char, 2> kSigns{'+', '-'};
-constexpr std::array<double, 2> kFactors{1.0, -1.0};
 
 } // namespace
 
@@ -34,8 +31,8 @@ char* RADecFormat::writeDec(double degrees, char* to) const {
         return std::copy(kUnknownFormat.begin(), kUnknownFormat.end(), to);
     if (!decNotation_->showsSign)
         return writeFields(to, *decNotation_, degrees, DecDecimals_);
-    // The sign is that of the whole value, so that a first field of zero does not lose it.
-    *to++ = kSigns[0.0 > degrees ? 1 : 0];
+    // The sign of the whole value: a first field of zero would lose it.
+    *to++ = 0.0 > degrees ? '-' : '+';
     return writeFields(to, *decNotation_, std::fabs(degrees), DecDecimals_);
 }
 
@@ -55,12 +52,13 @@ double RADecFormat::ImportDec(std::string_view text, std::string_view& error) co
         return kValueOfBadFormat;
     }
     const bool negative = text.front() == '-';
-    text.remove_prefix(static_cast<std::size_t>(negative) |
-                       static_cast<std::size_t>(text.front() == '+'));
+    if (negative || text.front() == '+')
+        text.remove_prefix(1);
     const Fields fields = cutFields(text, *decNotation_, *this);
+    const auto [first, minutes, seconds] = fields;
     error = checkFields(fields);
-    const double magnitude = (fields.minutes / 60.0 + fields.first) + fields.seconds / 3600.0;
-    const double degrees = magnitude * kFactors[negative ? 1 : 0];
+    const double magnitude = (minutes / 60.0 + first) + seconds / 3600.0;
+    const double degrees = negative ? -magnitude : magnitude;
     if (error.empty() && (-90.0 > degrees || degrees > 90.0))
         error = "Value must be between -90 and +90 degrees";
     return degrees;

@@ -6,7 +6,7 @@ namespace skyvert {
 
 namespace {
 
-/// The notation's mask. Numbers that are not localised take a literal point in any locale.
+/// The notation's mask, with a literal point unless numbers are localised.
 std::string maskOf(const Notation* notation, bool localised) {
     if (notation == nullptr)
         return {};

@@ -2,22 +2,19 @@
 
 #include "notation/Notation.h"
 
+#include <array>
 #include <string_view>
 
 namespace skyvert {
 
 class RADecFormat;
 
-/// The fields of a position as they were typed: in hours or degrees, unsigned or not, unchecked.
-struct Fields {
-    double first = 0.0;
-    double minutes = 0.0;
-    double seconds = 0.0;
-};
+/// The fields of a coordinate as typed, unchecked: hours or degrees, minutes and seconds.
+using Fields = std::array<double, 3>;
 
-/// Cuts a text by the notation's method and reads each field with `reader`'s `StrToDbl`. A field
-/// that is missing is 0, and fields behind the third are ignored. Notations that share a method
-/// read each other's texts: two fields and three fields are cut alike.
+/// Splits a text by the notation's method and reads each field like `reader`'s `StrToDbl`. Missing
+/// fields are 0; fields after the third are ignored. Notations with two and with three fields that
+/// share a method read each other's texts.
 Fields cutFields(std::string_view text, const Notation& notation, const RADecFormat& reader);
 
 } // namespace skyvert

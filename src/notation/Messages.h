@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-// What right ascension and declination have in common of their words and values for failure.
+// Messages and values for failures that right ascension and declination share.
 namespace skyvert {
 
 constexpr std::string_view kUnknownFormat = "Unknown format!";

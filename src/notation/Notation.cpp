@@ -8,8 +8,8 @@ namespace skyvert {
 
 namespace {
 
-// The masks with letters, marks or no separator have one optional digit more than the others, and
-// none of them ends in a closing mark: the parsers do without it.
+// Masks with letters, marks or no separator have one optional digit more than the others. No mask
+// ends in a closing mark: the parsers do not need it.
 // clang-format off
 constexpr Notation kNotationsOfRA[] = {
     {"HH",           false, false, 1, 1, "",  "",  "",   Cutting::Whole,   ""},

@@ -11,15 +11,15 @@ namespace skyvert {
 /// How a text is cut into first field, minutes and seconds.
 enum class Cutting {
     Whole,   ///< the text is one number
-    Blanks,  ///< at blanks, of which two side by side count as one
+    Blanks,  ///< at blanks; two adjacent ones count as one
     Colons,  ///< at colons, blanks ignored
     Letters, ///< at "h", "m" and "s" or colons, blanks ignored
     Marks,   ///< at the degree sign, the minute and second marks or colons, blanks ignored
     Columns, ///< by column; the last field takes the rest
 };
 
-/// What stands between two fields or closes the last one: at most one character of two bytes, kept
-/// so that it is written and compared without a loop.
+/// A separator between two fields, or the mark after the last one: at most one character of two
+/// bytes, stored for writing and comparing without a loop.
 struct Mark {
     constexpr Mark() = default;
 
@@ -33,12 +33,12 @@ struct Mark {
     std::size_t size = 0;
 };
 
-/// All that is to be known of one notation.
+/// Everything that defines a notation.
 struct Notation {
     std::string_view name;
     bool inDegrees;  ///< of right ascension: written in degrees, not hours
-    bool showsSign;  ///< of declination: "+" or "-" in front
-    int fields;      ///< 1, 2 or 3; the last one carries the decimals
+    bool showsSign;  ///< of declination: always written with "+" or "-"
+    int fields;      ///< 1, 2 or 3; the last one has the decimals
     int firstDigits; ///< least number of digits of the first field
     Mark firstSeparator;
     Mark secondSeparator;
@@ -47,11 +47,11 @@ struct Notation {
     std::string_view mask; ///< for the entry field, with the locale's decimal separator
 };
 
-/// The catalogues, in the order in which they are offered.
+/// The catalogues, in the order in which the popups offer them.
 std::span<const Notation> notationsOfRA();
 std::span<const Notation> notationsOfDec();
 
-/// The notation of that name, in any letter case, or null.
+/// The notation with this name, ignoring case; null if there is none.
 const Notation* findNotation(std::span<const Notation> notations, std::string_view name);
 
 } // namespace skyvert

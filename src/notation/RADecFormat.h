@@ -12,26 +12,26 @@ namespace skyvert {
 
 struct Notation;
 
-/// How one list of sky positions is written as text: a notation for right ascension, one for
+/// How a list of sky positions is written as text: one notation for right ascension, one for
 /// declination, the number of decimals of each, and whether numbers follow the system's locale.
 ///
-/// It renders a position to text and parses text back to a position. Right ascension is in hours
-/// and declination in degrees at every operation, whichever notation is selected: a notation of
-/// right ascension in degrees is a way of writing hours.
+/// Units: right ascension in hours, declination in degrees, whichever notation is selected. A
+/// notation of right ascension in degrees is only a way of writing hours: 15 degrees for one hour.
 ///
-/// A notation is named by its text in the catalogue, in any letter case. None of the properties is
-/// checked when it is set: an unknown notation stays, renders as "Unknown format!", parses with
-/// "Bad format!" and has no mask.
+/// Notations are identified by their catalogue names, ignoring case. Properties are not checked
+/// when they are set: an unknown notation is kept, renders as "Unknown format!", parses with "Bad
+/// format!" and has no mask.
 ///
-/// A record is a small value, cheap to copy. It keeps a pointer to the locale, which outlives it.
+/// A format is a small value, cheap to copy. It keeps a pointer to the locale, which must outlive
+/// it.
 class RADecFormat {
 public:
     /// `HH MM SS` and `+DD MM SS` with no decimals, not localised.
     explicit RADecFormat(const Locale& locale);
     explicit RADecFormat(const Locale&&) = delete;
 
-    /// Reads what `AsString` writes. A field that is missing keeps its default, further fields are
-    /// ignored, and what is no number reads as 0 decimals.
+    /// Reads what `AsString` writes. Missing fields keep their defaults, further fields are
+    /// ignored, and decimals that are not a number read as 0.
     RADecFormat(std::string_view text, const Locale& locale);
     RADecFormat(std::string_view, const Locale&&) = delete;
 
@@ -39,7 +39,7 @@ public:
     /// and of declination, joined by TAB.
     std::string AsString() const;
 
-    /// The names of the notations, in the order in which they are offered.
+    /// The names of the notations, in the order in which the popups offer them.
     static std::vector<std::string> SupportedRAFormats();
     static std::vector<std::string> SupportedDecFormats();
 
@@ -51,12 +51,12 @@ public:
 
     void setDecFormat(std::string_view name);
 
-    /// True: numbers have the locale's decimal separator, on output and on input. False: a point.
+    /// True: numbers are written and read with the locale's decimal separator. False: with a point.
     bool localised() const { return localised_; }
 
     void setLocalised(bool localised) { localised_ = localised; }
 
-    /// The decimals of the last field. A negative number counts as 0.
+    /// The number of decimals of the last field. A negative one counts as 0.
     std::int64_t RADecimals() const { return RADecimals_; }
 
     void setRADecimals(std::int64_t decimals) { RADecimals_ = decimals; }
@@ -65,52 +65,72 @@ public:
 
     void setDecDecimals(std::int64_t decimals) { DecDecimals_ = decimals; }
 
-    /// The system's decimal separator, once it was needed to write a point instead; empty before.
+    /// The system's decimal separator, learned when a point first had to replace it; empty before.
     const std::string& decpt() const { return decpt_; }
 
-    /// The text of a right ascension. Given: hours, of any size. Only the last field is rounded,
-    /// and nothing is carried to the fields before it: 12.99999 h in `HH MM` with two decimals is
-    /// 12 60.00. An unknown notation gives "Unknown format!".
+    /// Renders a right ascension.
+    ///
+    /// Given: hours. Any value is rendered, without wrapping at 24.
+    /// Returned: the text, or "Unknown format!".
+    /// Notes: The fields before the last are the floors of their values; only the last field is
+    /// rounded, and nothing is carried: 12.99999 h in `HH MM` with two decimals is "12 60.00".
     std::string ExportRA(double hours) const;
 
-    /// The text of a declination. Given: degrees, of any size. Every notation but `DD` writes its
-    /// sign. Negative zero counts as positive. Otherwise like `ExportRA`.
+    /// Renders a declination.
+    ///
+    /// Given: degrees. Any value is rendered, without a limit at 90.
+    /// Returned: the text, or "Unknown format!".
+    /// Notes: Every notation but `DD` writes a sign, "+" for negative zero too. Rounding as for
+    /// `ExportRA`.
     std::string ExportDec(double degrees) const;
 
-    /// Room for whatever `writeRA` and `writeDec` write.
+    /// The most bytes that `writeRA` and `writeDec` write.
     static constexpr std::size_t kMaxText = 3 * kMaxFixedText + 16;
 
-    /// `ExportRA` and `ExportDec` to a buffer, where `kMaxText` bytes are free. Returned: the end
-    /// of what was written. Bytes behind it may have changed too.
+    /// `ExportRA` and `ExportDec` into a buffer. Given: room for `kMaxText` bytes, all of which may
+    /// change. Returned: the end of the text.
     char* writeRA(double hours, char* to) const;
     char* writeDec(double degrees, char* to) const;
 
-    /// Reads a right ascension. Returned: hours, and in `error` a message for the user, empty when
-    /// the text gave a right ascension of at least 0 and below 24 hours. Beside a message about a
-    /// range the number is still the sum of the fields. A blank text gives 0, an unknown notation
-    /// -999. What is no number reads as 0, without a message.
+    /// Parses a right ascension.
+    ///
+    /// Given: a text in the format's notation, or in another one that shares its way of cutting.
+    /// Returned: hours, from 0 to less than 24 if `error` is empty. Otherwise `error` is a message
+    /// for the user, and the value is 0 for a blank text, -999 for an unknown notation, and the sum
+    /// of the fields for one out of range (below 0; 24 hours, 360 degrees, 60 minutes or seconds).
+    /// Notes: Text that is not a number reads as 0, without a message.
     double ImportRA(std::string_view text, std::string_view& error) const;
 
-    /// Reads a declination. Returned: degrees, -90 and 90 included. Every notation takes "-", "+"
-    /// or no sign, which is set aside before the fields are read. Otherwise like `ImportRA`.
+    /// Parses a declination.
+    ///
+    /// Given: a text as for `ImportRA`, with "-", "+" or no sign.
+    /// Returned: degrees, from -90 to 90 inclusive if `error` is empty. Otherwise as for
+    /// `ImportRA`. Notes: The sign is taken off before the fields are read, so a first field of
+    /// zero keeps it.
     double ImportDec(std::string_view text, std::string_view& error) const;
 
-    /// The mask of an entry field for the notation; empty for free text. In it "#" is a digit, "9"
-    /// an optional one, "&" any character, "\" makes the next character literal and "." is the
-    /// locale's decimal separator.
+    /// The mask of an entry field for the notation; empty for free text. "#" is a digit, "9" an
+    /// optional digit, "&" any character, "." the locale's decimal separator; "\" makes the next
+    /// character literal.
     std::string RAMask() const;
     std::string DecMask() const;
 
-    /// Writes a number with `decimals` decimals and at least `width` digits before the point.
-    /// Without decimals halves are rounded away from zero; with them, the decimal nearest to the
-    /// exact value is written.
+    /// The text of a number. Given: the decimals, and the least number of digits before the point.
+    /// Without decimals, halves are rounded away from zero; with decimals, the text is the decimal
+    /// nearest to the exact value, a tie going to the even digit.
     std::string DoubleToStr(double value, std::int64_t decimals, int width) const;
 
-    /// The number at the start of a text, 0 when there is none.
+    /// The number at the start of a text, 0 if there is none: `CDbl` if localised, else `Val`.
     double StrToDbl(std::string_view text) const;
+
+    /// The decimal point for `readShort`, "." or the locale's ","; 0 if that cannot read like
+    /// `StrToDbl`. It stops at a grouping separator, so a number with groups takes the general
+    /// path.
+    char shortPoint() const;
 
 private:
     std::string_view pointForOutput() const;
+    void learnSeparator() const;
     char* writeDouble(char* to, double value, std::int64_t decimals, int width) const;
     char* writeFields(char* to, const Notation& notation, double value,
                       std::int64_t decimals) const;
@@ -118,8 +138,8 @@ private:
     const Locale* locale_;
     std::string raFormat_;
     std::string decFormat_;
-    const Notation* raNotation_ = nullptr;  ///< that of `raFormat_`, null when unknown
-    const Notation* decNotation_ = nullptr; ///< that of `decFormat_`, null when unknown
+    const Notation* raNotation_ = nullptr;  ///< of `raFormat_`, null if unknown
+    const Notation* decNotation_ = nullptr; ///< of `decFormat_`, null if unknown
     bool localised_ = false;
     std::int64_t RADecimals_ = 0;
     std::int64_t DecDecimals_ = 0;

@@ -11,15 +11,16 @@ namespace skyvert {
 
 namespace {
 
-/// The message of the first field that is out of range; empty when all are in theirs. `first` is
-/// in hours, minutes and seconds are as typed.
+/// The message for the first field that is out of range, or empty. Given: hours; minutes and
+/// seconds as typed.
 std::string_view checkFields(const Fields& fields, bool inDegrees) {
-    if (0.0 > fields.first || fields.first >= 24.0)
+    const auto [first, minutes, seconds] = fields;
+    if (0.0 > first || first >= 24.0)
         return inDegrees ? "Degrees must be non-negative and less than 360"
                          : "Hours must be non-negative and less than 24";
-    if (0.0 > fields.minutes || fields.minutes >= 60.0)
+    if (0.0 > minutes || minutes >= 60.0)
         return kBadMinutes;
-    if (0.0 > fields.seconds || fields.seconds >= 60.0)
+    if (0.0 > seconds || seconds >= 60.0)
         return kBadSeconds;
     return {};
 }
@@ -50,15 +51,16 @@ double RADecFormat::ImportRA(std::string_view text, std::string_view& error) con
     }
     const bool inDegrees = raNotation_->inDegrees;
     Fields fields = cutFields(text, *raNotation_, *this);
+    auto& [first, minutes, seconds] = fields;
     if (inDegrees)
-        fields.first /= 15.0;
+        first /= 15.0;
     error = checkFields(fields, inDegrees);
     if (inDegrees) {
-        fields.minutes /= 15.0;
-        fields.seconds /= 15.0;
+        minutes /= 15.0;
+        seconds /= 15.0;
     }
-    const double hours = (fields.minutes / 60.0 + fields.first) + fields.seconds / 3600.0;
-    // Fields just below their limits may sum to 24 in doubles.
+    const double hours = (minutes / 60.0 + first) + seconds / 3600.0;
+    // Fields just below their limits can add up to 24 in doubles.
     if (error.empty() && (0.0 > hours || hours >= 24.0))
         error = "Value must be non-negative and less than 24";
     return hours;

@@ -16,8 +16,8 @@ namespace {
 
 namespace ch = std::chrono;
 
-// std::chrono's years end at 32767. The calendar repeats itself after 400 years, to the day, so
-// that years of any size are brought into the first cycle and back.
+// Years of std::chrono end at 32767. The calendar repeats after 400 years, so a year of any size is
+// moved into the first cycle and back.
 constexpr std::int64_t kCycleYears = 400;
 constexpr std::int64_t kCycleDays = 146097;
 constexpr std::int64_t kMonths = 12;
@@ -48,7 +48,7 @@ double dayNumber(std::int64_t year, std::int64_t month, std::int64_t day) {
            static_cast<double>(day) - 1.0;
 }
 
-/// `value` in at least `width` digits, a minus put before them.
+/// Appends `value` in at least `width` digits, after its minus.
 void appendPadded(std::int64_t value, std::size_t width, std::string& out) {
     const std::string digits = std::to_string(value);
     const std::size_t sign = value < 0 ? 1 : 0;
@@ -57,7 +57,7 @@ void appendPadded(std::int64_t value, std::size_t width, std::string& out) {
     out.append(digits, sign);
 }
 
-/// The number that consists of digits only, otherwise 0, which is no year, month or day here.
+/// The number that `text` consists of; 0, which is not a valid field, if it is not all digits.
 unsigned wholeNumber(std::string_view text) {
     unsigned number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

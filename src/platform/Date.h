@@ -7,11 +7,10 @@
 
 namespace skyvert {
 
-/// A date and time of day in the proleptic Gregorian calendar, as a clock on the wall shows it.
-/// No time zone belongs to it: a calendar day never shifts.
+/// A date and time of day in the proleptic Gregorian calendar, without a time zone.
 ///
-/// The six fields are kept as they are given, so that they can be assigned one after the other
-/// through combinations that no calendar has, and a day of the Julian calendar can stand in them.
+/// The six fields are stored unchecked: they can be assigned one after the other through
+/// combinations that no calendar has, and they can hold a day of the Julian calendar.
 struct Date {
     Date(std::int64_t year, std::int64_t month, std::int64_t day, std::int64_t hour = 0,
          std::int64_t minute = 0, std::int64_t second = 0)
@@ -19,23 +18,22 @@ struct Date {
 
     bool operator==(const Date&) const = default;
 
-    /// Seconds since 1970-01-01 00:00:00 by the same clock, every day having 86400 of them.
-    /// Fields outside their ranges count on: day 32 of January is 1 February. Exact to the second
-    /// for more than 200 million years around the origin.
+    /// Seconds since 1970-01-01 00:00:00 by the same clock, 86400 in every day. Fields outside
+    /// their ranges carry over: 32 January is 1 February. Exact to the second for more than 200
+    /// million years around the origin.
     double TotalSeconds() const;
 
-    /// Sets all six fields to the moment of that many seconds, a fraction of a second left out and
-    /// NaN being 0.
-    /// Adding 86400.0 gives the same clock time on the next calendar day.
+    /// Sets all six fields from a count of seconds. A fraction of a second is dropped; NaN counts
+    /// as 0. Adding 86400.0 gives the same clock time on the next calendar day.
     void setTotalSeconds(double seconds);
 
-    /// The calendar day as four, two and two digits, for instance "2000-01-01". A year that needs
-    /// more digits or a minus has them.
+    /// The calendar day as four, two and two digits, for instance "2000-01-01", with more digits or
+    /// a minus where a field needs them.
     std::string SQLDate() const;
 
-    /// Sets year, month and day from a text such as `SQLDate` gives; the clock time stays.
-    /// Throws `std::invalid_argument`, and changes nothing, when the text is not exactly ten
-    /// characters naming a day of the years 0001 to 9999.
+    /// Sets year, month and day from a text in the form of `SQLDate`; the clock time is kept.
+    /// Throws `std::invalid_argument` and changes nothing unless the text is exactly ten characters
+    /// and names a day of the years 0001 to 9999.
     void setSQLDate(std::string_view text);
 
     /// The day, at 0h, that a person has typed as year, month and day with "-", "/", "." or a blank

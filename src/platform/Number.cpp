@@ -8,106 +8,28 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <iterator>
+#include <cstddef>
 #include <limits>
 
 namespace skyvert {
 
 namespace {
 
-/// Reads a number's text from left to right and gathers its digits.
-class DigitScanner {
-public:
-    explicit DigitScanner(std::string_view text)
-        : at_(text.data()), end_(text.data() + text.size()) {}
-
-    const char* at() const { return at_; }
-
-    std::uint64_t mantissa() const { return mantissa_; }
-
-    std::ptrdiff_t digits() const { return digits_; }
-
-    /// Takes a sign, if there is one, and tells whether it was a minus.
-    bool takeMinus() {
-        const char sign = at_ == end_ ? '\0' : *at_;
-        if (sign == '-' || sign == '+')
-            ++at_;
-        return sign == '-';
-    }
-
-    bool takePoint(std::string_view point) {
-        if (at_ == end_ || point.empty() || *at_ != point.front())
-            return false;
-        if (point.size() > 1 && !rest().starts_with(point))
-            return false;
-        at_ += point.size();
-        return true;
-    }
-
-    /// Takes the digits that follow and returns how many. The mantissa wraps behind 19 of them.
-    std::ptrdiff_t takeDigits() {
-        const char* const start = at_;
-        at_ = skyvert::takeDigits(at_, end_, mantissa_);
-        digits_ += at_ - start;
-        return at_ - start;
-    }
-
-    /// Takes the groups of three digits that follow, each behind its separator.
-    void takeGroups(std::string_view separator) {
-        while (rest().starts_with(separator) && opensWithGroup(rest().substr(separator.size()))) {
-            at_ += separator.size();
-            takeDigits();
-        }
-    }
-
-private:
-    static bool opensWithGroup(std::string_view text) {
-        return text.size() >= 3 && std::all_of(text.begin(), text.begin() + 3, isDigit) &&
-               (text.size() == 3 || !isDigit(text[3]));
-    }
-
-    std::string_view rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
-
-    const char* at_;
-    const char* end_;
-    std::uint64_t mantissa_ = 0;
-    std::ptrdiff_t digits_ = 0;
-};
-
-/// For a number of any length. Only digits reach the library, which knows words and exponents too.
-double readExactly(std::string_view whole, std::string_view decimals) {
-    std::string digits;
-    std::copy_if(whole.begin(), whole.end(), std::back_inserter(digits), isDigit);
-    digits.append(".").append(decimals);
-    double number = 0.0;
-    fast_float::from_chars(digits.data(), digits.data() + digits.size(), number,
-                           fast_float::chars_format::fixed);
-    return number;
+const char* skipDigits(const char* at, const char* end) {
+    std::uint64_t unused = 0;
+    return readDigits(at, end, unused);
 }
 
-constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
-
-inline double readNumber(std::string_view text, std::string_view point, std::string_view group) {
-    DigitScanner scanner(text);
-    const bool negative = scanner.takeMinus();
-    const char* const whole = scanner.at();
-    const std::ptrdiff_t leading = scanner.takeDigits();
-    if (!group.empty() && leading >= 1 && leading <= 3)
-        scanner.takeGroups(group);
-    const char* const wholeEnd = scanner.at();
-    const std::ptrdiff_t decimals = scanner.takePoint(point) ? scanner.takeDigits() : 0;
-    if (scanner.digits() == 0)
-        return 0.0;
-    // Two exact doubles: their quotient is rounded once, and so is the nearest double.
-    auto magnitude = static_cast<double>(scanner.mantissa());
-    if (scanner.digits() > 19 || scanner.mantissa() > kLargestExact)
-        magnitude = readExactly({whole, wholeEnd}, {scanner.at() - decimals, scanner.at()});
-    else if (decimals > 0)
-        magnitude /= kPowersOfTen[static_cast<std::size_t>(decimals)];
-    return negative ? -magnitude : magnitude;
+/// Whether `text` starts with a separator and a full group of three digits.
+bool startsWithGroup(std::string_view text, std::string_view separator) {
+    if (separator.empty() || !text.starts_with(separator))
+        return false;
+    const char* const end = text.data() + text.size();
+    const char* const group = text.data() + separator.size();
+    return skipDigits(group, end) - group == 3;
 }
 
-/// What "#" and "0" of a mask amount to.
+/// What the "0" and "#" of a mask stand for.
 struct MaskShape {
     int width;
     int leastDecimals;
@@ -123,51 +45,77 @@ MaskShape readMask(std::string_view mask) {
             static_cast<int>(decimals.size())};
 }
 
-char* writeText(char* to, std::string_view text) {
-    for (const char byte : text)
-        *to++ = byte;
-    return to;
-}
-
-int countDigits(std::uint64_t number) {
-    int digits = 0;
-    for (; number > 0; number /= 10)
-        ++digits;
-    return digits;
-}
-
-/// The short way, for a number that `roundShort` has rounded.
-char* writeRounded(char* to, std::uint64_t number, int decimals, int width,
-                   std::string_view point) {
-    const int wholeDigits = std::max(width, countDigits(number) - decimals);
-    char* const wholeEnd = to + wholeDigits;
-    char* const end = decimals > 0 ? writeText(wholeEnd, point) + decimals : wholeEnd;
-    writeDigitsBefore(wholeEnd, writeDigitsBefore(end, number, decimals), wholeDigits);
+/// Writes a number that `roundShort` has rounded: a third of the time that `writeExactly` takes.
+char* writeShort(char* to, std::uint64_t rounded, int decimals, int width, std::string_view point) {
+    constexpr int mostDigits = 11; // below the limit of `roundShort`
+    while (decimals + width < mostDigits &&
+           static_cast<double>(rounded) >= kPowersOfTen[static_cast<std::size_t>(decimals + width)])
+        ++width;
+    char* const wholeEnd = to + width;
+    char* end = wholeEnd;
+    if (decimals > 0) {
+        for (const char byte : point)
+            *end++ = byte;
+        end += decimals;
+    }
+    writeDigits(wholeEnd, writeDigits(end, rounded, decimals), width);
     return end;
 }
 
-/// The long way, for any finite magnitude.
+/// `writeFixed` for any finite magnitude.
 char* writeExactly(char* to, double magnitude, int decimals, int width, std::string_view point) {
     std::array<char, kMaxFixedText> room;
-    char* const end = std::to_chars(room.data(), room.data() + room.size(), magnitude,
-                                    std::chars_format::fixed, decimals)
-                          .ptr;
-    const std::string_view text(room.data(), static_cast<std::size_t>(end - room.data()));
-    const std::size_t wholeEnd = std::min(text.find('.'), text.size());
-    const std::string_view whole = text.substr(0, text[0] == '0' ? 0 : wholeEnd);
-    to = std::fill_n(to, std::max(0, width - static_cast<int>(whole.size())), '0');
-    to = writeText(to, whole);
-    return decimals > 0 ? writeText(writeText(to, point), text.substr(wholeEnd + 1)) : to;
+    const char* const end = std::to_chars(room.data(), room.data() + room.size(), magnitude,
+                                          std::chars_format::fixed, decimals)
+                                .ptr;
+    const char* const wholeEnd = std::find<const char*>(room.data(), end, '.');
+    const char* const whole = room[0] == '0' ? wholeEnd : room.data();
+    to = std::fill_n(to, std::max<std::ptrdiff_t>(0, width - (wholeEnd - whole)), '0');
+    to = std::copy(whole, wholeEnd, to);
+    if (decimals == 0)
+        return to;
+    return std::copy(wholeEnd + 1, end, std::copy(point.begin(), point.end(), to));
 }
 
 } // namespace
 
 double Val(std::string_view text) {
-    return readNumber(text, ".", {});
+    const bool negative = text.starts_with('-');
+    const char* const end = text.data() + text.size();
+    const char* const at = text.data() + (negative || text.starts_with('+') ? 1 : 0);
+    double magnitude = 0.0;
+    if (readShort(at, end, '.', magnitude) == nullptr) {
+        // The library also knows words and exponents: it is handed digits only.
+        const char* const wholeEnd = skipDigits(at, end);
+        const bool hasPoint = wholeEnd != end && *wholeEnd == '.';
+        const char* const numberEnd = hasPoint ? skipDigits(wholeEnd + 1, end) : wholeEnd;
+        if (fast_float::from_chars(at, numberEnd, magnitude, fast_float::chars_format::fixed).ptr ==
+            at)
+            return 0.0;
+    }
+    return negative ? -magnitude : magnitude;
 }
 
 double CDbl(std::string_view text, const Locale& locale) {
-    return readNumber(text, locale.decimalPoint, locale.groupSeparator);
+    const std::string_view group = locale.groupSeparator;
+    const std::string_view point = locale.decimalPoint;
+    const char* const end = text.data() + text.size();
+    const auto rest = [&](const char* at) {
+        return std::string_view(at, static_cast<std::size_t>(end - at));
+    };
+    const char* at = text.data() + (text.starts_with('-') || text.starts_with('+') ? 1 : 0);
+    const char* const whole = at;
+    at = skipDigits(at, end);
+    std::string number(text.data(), at); // as `Val` reads it
+    if (at - whole >= 1 && at - whole <= 3) {
+        for (; startsWithGroup(rest(at), group); at += group.size() + 3)
+            number.append(at + group.size(), 3);
+    }
+    if (!point.empty() && rest(at).starts_with(point)) {
+        at += point.size();
+        number.append(".").append(at, skipDigits(at, end));
+    }
+    return Val(number);
 }
 
 double Round(double number) {
@@ -201,13 +149,13 @@ char* writeFixed(char* to, double number, int decimals, int width, std::string_v
     if (number < 0.0)
         *to++ = '-';
     const double magnitude = std::fabs(number);
-    const std::int64_t rounded =
-        decimals <= kShortDecimals ? roundShort(magnitude, decimals) : kNotShort;
-    if (rounded != kNotShort)
-        return writeRounded(to, static_cast<std::uint64_t>(rounded), decimals, width, point);
+    const std::int64_t rounded = decimals <= kShortDecimals ? roundShort(magnitude, decimals) : -1;
+    if (rounded >= 0)
+        return writeShort(to, static_cast<std::uint64_t>(rounded), decimals, width, point);
     if (std::isfinite(number))
         return writeExactly(to, magnitude, decimals, width, point);
-    return writeText(to, std::isnan(number) ? "nan" : "inf");
+    const std::string_view word = std::isnan(number) ? "nan" : "inf";
+    return std::copy(word.begin(), word.end(), to);
 }
 
 } // namespace skyvert

@@ -98,11 +98,11 @@ TEST(Parsing, Declination) {
         EXPECT_TRUE(std::signbit(RADecFormat(kComma).ImportDec(zero, error)) && error.empty());
 }
 
-TEST(Parsing, CommaPassesThroughEveryMethodOfALocalisedRecord) {
+TEST(Parsing, CommaPassesThroughEveryMethodOfALocalisedFormat) {
     const Case cases[] = {
         {"HH", "12,5", 12.5}, {"HH", "12.5", 12.0}, {"HH MM", "12 30,5", 30.5 / 60.0 + 12.0},
         {"HH:MM", "12: 30,5", 30.5 / 60.0 + 12.0}, {"HHhMMm", "12h30,5m", 30.5 / 60.0 + 12.0},
-        {"HHMM", "1230,5", 30.5 / 60.0 + 12.0}, {"DDD°MM'", "180°30,0'", 30.0 / 15.0 / 60.0 + 12.0},
+        {"HHMM", "1230,5", 30.5 / 60.0 + 12.0}, {"HH:MM:SS", "12:30:1.800,0", 13.0, kSeconds}, {"DDD°MM'", "180°30,0'", 30.0 / 15.0 / 60.0 + 12.0},
     };
     checkCases(cases, &RADecFormat::ImportRA, true);
 }

@@ -28,7 +28,7 @@ TEST(RADecFormat, LocalesSeparatorIsWrittenAndReadOnlyWhenLocalised) {
     EXPECT_EQ(format.DoubleToStr(12.5, 2, 2), "12.50");
     EXPECT_EQ(format.decpt(), ",");
     EXPECT_EQ(format.StrToDbl("12,5"), 12.0);
-    // A record that outlives a change of the locale keeps the separator that it has learned.
+    // A format that outlives a change of the locale keeps the separator that it has learned.
     locale.decimalPoint = "\u066B";
     EXPECT_EQ(format.DoubleToStr(12.5, 2, 2), "12\u066B50");
     EXPECT_EQ(RADecFormat(locale).DoubleToStr(12.5, 2, 2), "12.50");
