@@ -12,7 +12,7 @@ namespace skyvert {
 // is applied.
 //
 // Reference: Meeus, J., Astronomical Algorithms, chapter 7; the calendar test is this program's
-// own. His 30.6001 stands for 30.6, which as a binary number would round 5 x 30.6 below 153.
+// own. His 30.6001 stands for 30.6, so that a product such as 5 x 30.6 cannot come out below 153.
 
 /// The part of `x` above its floor, from 0 to less than 1: Frac(-0.25) is 0.75.
 double Frac(double x);

@@ -9,8 +9,8 @@ namespace skyvert {
 namespace {
 
 // Rounded on purpose, not derived from pi: existing lists were computed with these decimals, and
-// results are compared with them to the last digit. To radians and back changes a right ascension by
-// about 1 part in 10^11 and a declination by about 1 part in 10^9.
+// results are compared with them to the last digit. To radians and back changes a right ascension
+// by about 1 part in 10^11 and a declination by about 1 part in 10^9.
 constexpr double kRadiansPerHour = 0.2617993878;
 constexpr double kRadiansPerDegree = 0.0174532925;
 constexpr double kRadiansPerArcsecond = 4.848136805555555e-6; // 0.0174532925 / 3600

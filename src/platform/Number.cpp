@@ -48,17 +48,19 @@ MaskShape readMask(std::string_view mask) {
 /// Writes a number that `roundShort` has rounded: a third of the time that `writeExactly` takes.
 char* writeShort(char* to, std::uint64_t rounded, int decimals, int width, std::string_view point) {
     constexpr int mostDigits = 11; // below the limit of `roundShort`
-    while (decimals + width < mostDigits &&
-           static_cast<double>(rounded) >= kPowersOfTen[static_cast<std::size_t>(decimals + width)])
-        ++width;
-    char* const wholeEnd = to + width;
+    int digits = decimals + width;
+    while (digits < mostDigits &&
+           static_cast<double>(rounded) >= kPowersOfTen[static_cast<std::size_t>(digits)])
+        ++digits;
+    const int wholeDigits = digits - decimals;
+    char* const wholeEnd = to + wholeDigits;
     char* end = wholeEnd;
     if (decimals > 0) {
         for (const char byte : point)
             *end++ = byte;
         end += decimals;
     }
-    writeDigits(wholeEnd, writeDigits(end, rounded, decimals), width);
+    writeDigits(wholeEnd, writeDigits(end, rounded, decimals), wholeDigits);
     return end;
 }
 
