@@ -57,13 +57,23 @@ bool mayReplace(QFileDialog& dialog) {
                QMessageBox::Yes;
 }
 
-/// Runs a dialog. Qt would keep the folders that are looked at on the way.
+/// Runs a dialog, and leads back to the window: when Return is pressed in the list of completions,
+/// that list is still open while the window gets the focus, and Qt would pass over it.
+bool isAccepted(QFileDialog& dialog) {
+    const int answer = dialog.exec();
+    QWidget* const window = dialog.parentWidget();
+    if (window != nullptr && window->isVisible())
+        QApplication::setActiveWindow(window);
+    return answer == QDialog::Accepted;
+}
+
+/// Asks for a file. Qt would keep the folders that are looked at on the way.
 std::optional<std::filesystem::path> ask(QFileDialog& dialog) {
     const QDir start = dialog.directory();
-    const bool isAccepted = dialog.exec() == QDialog::Accepted && mayReplace(dialog);
+    const bool isChosen = isAccepted(dialog) && mayReplace(dialog);
     const QStringList chosen = dialog.selectedFiles();
     dialog.setDirectory(start);
-    if (!isAccepted || chosen.isEmpty())
+    if (!isChosen || chosen.isEmpty())
         return std::nullopt;
     return QFileInfo(chosen.constFirst()).filesystemFilePath();
 }
