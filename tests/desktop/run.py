@@ -18,6 +18,8 @@ def passes(scenario, program, home):
     person = Person(program, home)
     try:
         scenario(person)
+        if person.process.poll() is None:
+            person.ends()
     except Exception:
         subprocess.run(["import", "-window", "root", home / "display.png"], check=False)
         print(f"FAILED: {scenario.__name__}, see {home}")
