@@ -48,22 +48,22 @@ private:
 };
 
 Shape::Shape(std::string_view mask) {
-    std::size_t digits = 0;
+    std::size_t run = 0;
     std::string separator;
     for (; !mask.empty(); mask.remove_prefix(1)) {
         const char element = mask.front();
         isSigned |= element == '&';
-        digits += element == '#' ? 1 : 0;
+        run += element == '#' ? 1 : 0;
         decimals += element == '9' ? 1 : 0;
         if (element != '\\' && element != '.')
             continue;
-        addNumbers(std::exchange(digits, 0), separator);
+        addNumbers(std::exchange(run, 0), separator);
         if (element == '\\') {
             separator = Mid(mask, 2, 1);
             mask.remove_prefix(separator.size());
         }
     }
-    addNumbers(digits, separator);
+    addNumbers(run, separator);
 }
 
 /// Adds a run of digits. Of several numbers in it, each but the first has two digits.

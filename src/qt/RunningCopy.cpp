@@ -68,8 +68,8 @@ std::optional<RunningCopy::Refusal> RunningCopy::askOtherCopy() {
         if (!QFile::exists(request_))
             return Refusal::OtherCopyShown;
         // A copy that was killed as it made the lock has left it without its name.
-        if (waiting.elapsed() > kNamelessMilliseconds && !owner())
-            lock_.removeStaleLockFile();
+        if (waiting.elapsed() > kNamelessMilliseconds && !owner() && lock_.removeStaleLockFile())
+            continue;
         QThread::msleep(kPauseMilliseconds);
     }
     QFile::remove(request_);
