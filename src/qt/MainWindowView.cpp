@@ -97,10 +97,9 @@ void MainWindowView::open(const QRect& screenArea) {
     pane_->fit(largest);
     limitSize();
     refresh();
+    placing_ = desktop_.scheduler.after(kPlacingTime, [this] { placing_.reset(); });
     show();
     window_.raManual.SetFocus();
-    reportPlace();
-    placing_ = desktop_.scheduler.after(kPlacingTime, [this] { placing_.reset(); });
 }
 
 /// How many pixels a point can be for a window of the least height to fit into the room.
