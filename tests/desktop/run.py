@@ -8,8 +8,8 @@ import traceback
 from pathlib import Path
 
 sys.dont_write_bytecode = True
-import scenarios  # noqa: E402
-from person import Person  # noqa: E402
+import scenarios
+from person import Person
 
 
 def passes(scenario, program, home):
@@ -33,8 +33,8 @@ def passes(scenario, program, home):
 
 def main(program, folder, *names):
     wanted = [getattr(scenarios, name) for name in names] or scenarios.SCENARIOS
-    passed = sum(passes(scenario, Path(program).resolve(), Path(folder).resolve() / scenario.__name__)
-                 for scenario in wanted)
+    program, folder = Path(program).resolve(), Path(folder).resolve()
+    passed = sum(passes(scenario, program, folder / scenario.__name__) for scenario in wanted)
     print(f"{passed} passed, {len(wanted) - passed} failed")
     return passed < len(wanted)
 
