@@ -10,7 +10,7 @@ namespace {
 /// Tells what the failure has left of the memory: the text needs none of it, the window may.
 void tellOfMemory(Dialogs& dialogs) {
     try {
-        dialogs.MsgBox("There is not enough memory to finish this. What was done so far stays.");
+        dialogs.MsgBox("There is not enough memory to finish this.");
     } catch (const std::bad_alloc&) {
         // Nothing is left to tell it with, and the program goes on.
     }

@@ -97,8 +97,6 @@ bool File::lock() {
 
 void File::takeAfter(const File& /*other*/) {}
 
-void File::waitForOthers() {}
-
 std::ptrdiff_t File::read(char* target, std::size_t count) {
     return _read(descriptor_, target, static_cast<unsigned>(std::min(count, kLargestTransfer)));
 }
@@ -230,12 +228,6 @@ void File::takeAfter(const File& other) {
     ::fchmod(descriptor_, permissions);
 }
 
-void File::waitForOthers() {
-    const int flags = ::fcntl(descriptor_, F_GETFL);
-    if (flags != -1)
-        ::fcntl(descriptor_, F_SETFL, flags & ~O_NONBLOCK);
-}
-
 std::ptrdiff_t File::read(char* target, std::size_t count) {
     const std::size_t size = std::min(count, kLargestTransfer);
     return uninterrupted([&] { return ::read(descriptor_, target, size); });
@@ -246,7 +238,7 @@ bool File::write(std::string_view bytes) {
         const std::size_t size = std::min(bytes.size(), kLargestTransfer);
         const ssize_t written =
             uninterrupted([&] { return ::write(descriptor_, bytes.data(), size); });
-        if (written < 0)
+        if (written <= 0)
             return false;
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }

@@ -54,9 +54,6 @@ public:
     /// system lets; nobody else may read or write it who could not read or write the other.
     void takeAfter(const File& other);
 
-    /// Lets `write` wait for whoever reads a pipe, or for a device.
-    void waitForOthers();
-
     /// Reads at most `count` bytes. Returns how many there were, 0 at the end, below 0 on failure.
     std::ptrdiff_t read(char* target, std::size_t count);
 

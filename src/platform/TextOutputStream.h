@@ -1,10 +1,8 @@
 #pragma once
 
-#include "platform/File.h"
 #include "platform/ReplacementFile.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,12 +11,11 @@ namespace skyvert {
 /// Writes a text file line by line: UTF-8 without a mark, each line ended by LF.
 ///
 /// The text goes to a new file beside the target, which takes the target's place in `Close`. So
-/// a write that fails, or a stream dropped before `Close`, leaves the old file as it was. A target
-/// that is no regular file (a device, a pipe) is written directly.
+/// a write that fails, or a stream dropped before `Close`, leaves the old file as it was.
 class TextOutputStream {
 public:
-    /// Starts a file, to replace whatever stands under the name, links followed. Throws
-    /// `FileError`, also where the folder takes no new file, and for a pipe that nobody reads.
+    /// Starts a file, to replace a regular one that stands under the name, links followed. Throws
+    /// `FileError`, for every other kind of file too, and where the folder takes no new file.
     static TextOutputStream Create(const std::filesystem::path& file);
 
     /// Writes a line and its line end. Throws `FileError`.
@@ -28,14 +25,12 @@ public:
     void Close();
 
 private:
-    TextOutputStream(std::filesystem::path file, std::optional<ReplacementFile> replacement,
-                     File device);
+    TextOutputStream(std::filesystem::path file, ReplacementFile replacement);
 
     void flush();
 
     std::filesystem::path file_;
-    std::optional<ReplacementFile> replacement_; ///< what is written, unless it is the device
-    File device_;
+    ReplacementFile replacement_;
     std::string buffer_; ///< lines not handed to the system yet
 };
 

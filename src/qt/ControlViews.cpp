@@ -200,12 +200,21 @@ void TextFieldView::showRefusal() {
     QToolTip::showText(mapToGlobal(rect().bottomLeft()), toolTip(), this);
 }
 
+void TextFieldView::hideRefusal() {
+    if (toolTip() == toQString(control().helpTag()))
+        return;
+    QToolTip::hideText();
+    refresh();
+}
+
 void TextFieldView::keyPressEvent(QKeyEvent* event) {
-    if (toolTip() != toQString(control().helpTag())) {
-        QToolTip::hideText();
-        refresh();
-    }
+    hideRefusal();
     MaskedLineEdit::keyPressEvent(event);
+}
+
+void TextFieldView::focusOutEvent(QFocusEvent* event) {
+    hideRefusal();
+    MaskedLineEdit::focusOutEvent(event);
 }
 
 QSize TextFieldView::sizeHint() const {

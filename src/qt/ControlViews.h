@@ -147,9 +147,11 @@ protected:
     void mirror() override;
     /// A refusal is told until the next key.
     void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void showRefusal();
+    void hideRefusal();
 };
 
 /// The place of a control that is made of others.

@@ -18,7 +18,7 @@ namespace {
 constexpr int kWheelStep = 120; ///< one notch, as Qt counts
 constexpr int kManySteps = 10;
 const char* const kCue = "YYYY-MM-DD";
-const char* const kReason = "This is not a date from 0100-01-01 to 9999-12-31.";
+const char* const kReason = "This is not a date as YYYY-MM-DD, from 0100-01-01 to 9999-12-31.";
 
 QDate firstDay() {
     return {100, 1, 1};
@@ -86,8 +86,11 @@ QPoint placeBeside(const QWidget& field, const QWidget& popup) {
     return fits ? below : field.mapToGlobal(QPoint(0, -height));
 }
 
-bool isMenu(Qt::FocusReason reason) {
-    return reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason;
+/// Whether the focus leaves a field, or comes to it, for a menu or another window: typing goes on
+/// after that.
+bool isBreak(Qt::FocusReason reason) {
+    return reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason ||
+           reason == Qt::ActiveWindowFocusReason;
 }
 
 } // namespace
@@ -183,6 +186,8 @@ bool DateControlView::handleKey(const QKeyEvent& event) {
         step(steps);
     else
         return false;
+    if (steps == 0)
+        selectAll(); // what is typed next is another date
     return true;
 }
 
@@ -201,7 +206,7 @@ void DateControlView::wheelEvent(QWheelEvent* event) {
 
 void DateControlView::focusInEvent(QFocusEvent* event) {
     MaskedLineEdit::focusInEvent(event);
-    if (isMenu(event->reason()) || event->reason() == Qt::ActiveWindowFocusReason)
+    if (isBreak(event->reason()))
         return;
     selectsOnRelease_ = event->reason() == Qt::MouseFocusReason;
     selectAll();
@@ -215,13 +220,14 @@ void DateControlView::mouseReleaseEvent(QMouseEvent* event) {
 
 void DateControlView::focusOutEvent(QFocusEvent* event) {
     MaskedLineEdit::focusOutEvent(event);
-    if (!isMenu(event->reason()))
+    if (!isBreak(event->reason()))
         takeOver();
 }
 
 void DateControlView::hideEvent(QHideEvent* event) {
     MaskedLineEdit::hideEvent(event);
-    showControlsDate();
+    if (!event->spontaneous()) // else the window has been minimised
+        showControlsDate();
 }
 
 void DateControlView::openCalendar() {

@@ -147,10 +147,9 @@ void ListboxView::selectionChanged(const QItemSelection& selected,
 /// A table tells assistive technology that the focus is on its current cell, wherever it really is.
 void ListboxView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     if (hasFocus())
-        QTableView::currentChanged(current, previous);
-    else
-        QAbstractItemView::currentChanged(current,
-                                          previous); // NOLINT(bugprone-parent-virtual-call)
+        return QTableView::currentChanged(current, previous);
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): all but what the table tells
+    QAbstractItemView::currentChanged(current, previous);
 }
 
 /// Rows are selected, not cells: Home and End lead to the first and the last row.

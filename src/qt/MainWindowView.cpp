@@ -191,11 +191,14 @@ void MainWindowView::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-void MainWindowView::comeToFront() {
+bool MainWindowView::comeToFront() {
+    if (window_.isClosed())
+        return false;
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
+    return true;
 }
 
 void MainWindowView::closeAll() {

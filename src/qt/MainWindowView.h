@@ -23,8 +23,8 @@ public:
     /// at whatever moment it is told to end.
     void closeAll();
 
-    /// Shows the window above all others, and gives it the keyboard.
-    void comeToFront();
+    /// Shows the window above all others, and gives it the keyboard. False once it has closed.
+    bool comeToFront();
 
     void refresh() override;
 

@@ -53,6 +53,11 @@ QString oneLine(QString text) {
     return text.replace(u'\t', u' ').trimmed();
 }
 
+/// How many decimal points or commas a text has.
+std::ptrdiff_t countPoints(std::string_view text) {
+    return std::count(text.begin(), text.end(), '.') + std::count(text.begin(), text.end(), ',');
+}
+
 /// Qt's position, which counts UTF-16 units, behind a number of characters.
 int positionOf(const QString& text, std::size_t characters) {
     qsizetype position = 0;
@@ -250,10 +255,20 @@ void MaskedLineEdit::pasteText(const QString& pasted) {
         emit refused();
 }
 
+/// Digits that are typed run on after the decimal separator. Pasted ones do not: 053431 in a field
+/// for hours and minutes does not mean 34.31 minutes.
+bool MaskedLineEdit::runsOn(const EntryText& entry, std::string_view pasted) const {
+    const std::string kept =
+        toUtf8(text().left(selectionFirst())) + toUtf8(text().mid(selectionLast()));
+    return countPoints(entry.text) > countPoints(kept) + countPoints(pasted);
+}
+
 std::optional<EntryText> MaskedLineEdit::pastedEntry(const std::string& pasted) const {
-    auto entry = entryWith(pasted);
-    if (entry || !fit_ || !replacesAllDigits())
+    const auto entry = entryWith(pasted);
+    if (entry && !runsOn(*entry, pasted))
         return entry;
+    if (!fit_ || !replacesAllDigits())
+        return std::nullopt;
     const auto fitted = fit_(pasted);
     return fitted ? entryWith(*fitted) : std::nullopt;
 }

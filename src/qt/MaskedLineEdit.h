@@ -81,6 +81,7 @@ private:
     std::string folded(const QString& text) const;
     std::optional<EntryText> entryWith(std::string_view typed) const;
     std::optional<EntryText> pastedEntry(const std::string& pasted) const;
+    bool runsOn(const EntryText& entry, std::string_view pasted) const;
     bool replacesAllDigits() const;
     void type(const QString& typed);
     void pasteText(const QString& pasted);

@@ -51,8 +51,8 @@ bool isInput(QEvent::Type type) {
 }
 
 bool isEscape(const QEvent& event) {
-    return event.type() == QEvent::KeyPress &&
-           static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+    const auto* const key = dynamic_cast<const QKeyEvent*>(&event);
+    return key != nullptr && key->type() == QEvent::KeyPress && key->key() == Qt::Key_Escape;
 }
 
 bool isQuit(const QObject* object) {
@@ -97,7 +97,7 @@ void ProgressOverlay::end() {
 
 /// The handler that the work runs in comes to its end first.
 void ProgressOverlay::closeWindowLater() {
-    QMetaObject::invokeMethod(window_, &QWidget::close, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(window_, "close", Qt::QueuedConnection);
 }
 
 void ProgressOverlay::appear() {

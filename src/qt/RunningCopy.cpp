@@ -1,5 +1,6 @@
 #include "qt/RunningCopy.h"
 
+#include "platform/Files.h"
 #include "qt/QtText.h"
 
 #include <QDir>
@@ -15,11 +16,13 @@ namespace skyvert {
 namespace {
 
 constexpr qint64 kPatienceMilliseconds = 30'000;
+constexpr qint64 kFarPatienceMilliseconds = 3'000;
 constexpr qint64 kNamelessMilliseconds = 1'000;
+constexpr int kPollMilliseconds = 1'000;
 constexpr unsigned long kPauseMilliseconds = 50;
 
 QString pathOf(const std::filesystem::path& path) {
-    return toQString(path.string());
+    return toQString(pathText(path));
 }
 
 } // namespace
@@ -29,19 +32,19 @@ RunningCopy::RunningCopy(const std::filesystem::path& folder)
       lock_(pathOf(folder / "Preferences.lock")) {
     QDir().mkpath(folder_);
     lock_.setStaleLockTime(0); // a lock never grows stale by its age, only by its owner's end
-    QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_, [this] {
-        if (asked_ && QFile::remove(request_))
-            asked_();
-    });
+    QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_,
+                     [this] { answerRequest(); });
+    QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { answerRequest(); });
 }
 
 std::optional<RunningCopy::Refusal> RunningCopy::acquire() {
     if (tryLock())
         return std::nullopt;
     const std::optional<Owner> other = owner();
-    if (other && other->computer != QSysInfo::machineHostName())
-        return Refusal::OtherComputer;
-    return askOtherCopy();
+    // A computer may have been renamed since, so one of another name is asked as well.
+    const bool isNear = !other || other->computer == QSysInfo::machineHostName();
+    return askOtherCopy(isNear ? kPatienceMilliseconds : kFarPatienceMilliseconds,
+                        isNear ? Refusal::NoAnswer : Refusal::OtherComputer);
 }
 
 /// True also where no lock can be had at all.
@@ -57,12 +60,13 @@ std::optional<RunningCopy::Owner> RunningCopy::owner() const {
 }
 
 /// Asks the other copy to show itself, and waits until it has done so or has ended.
-std::optional<RunningCopy::Refusal> RunningCopy::askOtherCopy() {
+std::optional<RunningCopy::Refusal> RunningCopy::askOtherCopy(qint64 patience,
+                                                              Refusal withoutAnswer) {
     if (!QFile(request_).open(QIODevice::WriteOnly))
-        return Refusal::NoAnswer;
+        return withoutAnswer;
     QElapsedTimer waiting;
     waiting.start();
-    while (waiting.elapsed() < kPatienceMilliseconds) {
+    while (waiting.elapsed() < patience) {
         if (tryLock())
             return std::nullopt;
         if (!QFile::exists(request_))
@@ -73,7 +77,7 @@ std::optional<RunningCopy::Refusal> RunningCopy::askOtherCopy() {
         QThread::msleep(kPauseMilliseconds);
     }
     QFile::remove(request_);
-    return Refusal::NoAnswer;
+    return withoutAnswer;
 }
 
 std::string RunningCopy::explanation(Refusal refusal) const {
@@ -92,12 +96,18 @@ std::string RunningCopy::explanation(Refusal refusal) const {
     return {};
 }
 
-void RunningCopy::onRequest(std::function<void()> asked) {
+void RunningCopy::answerRequest() {
+    if (asked_ && QFile::exists(request_) && asked_())
+        QFile::remove(request_);
+}
+
+void RunningCopy::onRequest(std::function<bool()> asked) {
     asked_ = std::move(asked);
     if (!asked_ || !lock_.isLocked())
         return;
-    QFile::remove(request_); // made before this copy was there to be shown
-    watcher_.addPath(folder_);
+    QFile::remove(request_);        // made before this copy was there to be shown
+    if (!watcher_.addPath(folder_)) // the system watches only so many
+        poll_.start(kPollMilliseconds);
 }
 
 } // namespace skyvert

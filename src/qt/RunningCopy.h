@@ -3,6 +3,7 @@
 #include <QFileSystemWatcher>
 #include <QLockFile>
 #include <QString>
+#include <QTimer>
 
 #include <filesystem>
 #include <functional>
@@ -29,15 +30,17 @@ public:
     };
 
     /// Takes the folder for this copy, or says why not. Waits for a copy that is about to end. A
-    /// folder that takes no new file has no lock, and every copy may use it.
+    /// folder that takes no new file, for want of a permission or of room, has no lock, and every
+    /// copy may use it.
     std::optional<Refusal> acquire();
 
     /// A sentence for the user; empty where none is needed.
     std::string explanation(Refusal refusal) const;
 
-    /// Has `asked` called whenever another copy asks this one to show itself. With an empty
-    /// function requests are left unanswered, as by a copy that is about to end.
-    void onRequest(std::function<void()> asked);
+    /// Has `asked` called whenever another copy asks this one to show itself; it returns whether
+    /// that was done. With an empty function requests are left unanswered. A copy that is about to
+    /// end answers none: the other one then waits for its end.
+    void onRequest(std::function<bool()> asked);
 
 private:
     struct Owner {
@@ -48,13 +51,15 @@ private:
 
     bool tryLock();
     std::optional<Owner> owner() const;
-    std::optional<Refusal> askOtherCopy();
+    std::optional<Refusal> askOtherCopy(qint64 patience, Refusal withoutAnswer);
+    void answerRequest();
 
     QString folder_;
     QString request_; ///< path of the file that asks the other copy to show itself
     QLockFile lock_;
     QFileSystemWatcher watcher_;
-    std::function<void()> asked_;
+    QTimer poll_; ///< where the folder cannot be watched
+    std::function<bool()> asked_;
 };
 
 } // namespace skyvert

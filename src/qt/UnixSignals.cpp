@@ -40,8 +40,15 @@ void handleSignals(std::span<const int> numbers, void (*handler)(int)) {
 
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    for (const int number : numbers)
-        sigaction(number, &action, nullptr);
+    for (const int number : numbers) {
+        struct sigaction present {};
+
+        // What the program was told to ignore at its start, as by nohup, it goes on ignoring.
+        const bool isIgnored = sigaction(number, nullptr, &present) == 0 &&
+                               present.sa_handler == SIG_IGN && handler == &wakeEventLoop;
+        if (!isIgnored)
+            sigaction(number, &action, nullptr);
+    }
 }
 
 void drain() {

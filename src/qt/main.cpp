@@ -70,7 +70,7 @@ int runWindow(App& app, ProgressOverlay& progress, const Outside& outside) {
     MainWindow window(app);
     MainWindowView view(window, app);
     outside.unixSignals.onSignal([&view] { view.closeAll(); });
-    outside.runningCopy.onRequest([&view] { view.comeToFront(); });
+    outside.runningCopy.onRequest([&view] { return view.comeToFront(); });
     progress.setWindow(&view);
     view.open(view.screen()->availableGeometry());
     const int code = QApplication::exec();
@@ -84,7 +84,13 @@ int runWindow(App& app, ProgressOverlay& progress, const Outside& outside) {
 /// The life of a copy that may use the settings.
 int run(App& app, ProgressOverlay& progress, const Outside& outside) {
     Dialogs& dialogs = app.desktop().dialogs;
-    dispatch(dialogs, [&app] { app.Event_Open(); });
+    bool opened = false;
+    dispatch(dialogs, [&] {
+        app.Event_Open();
+        opened = true;
+    });
+    if (!opened)
+        return EXIT_FAILURE; // and the settings file as it was
     const int code = runWindow(app, progress, outside);
     dispatch(dialogs, [&app] { app.Event_Close(); });
     return code;

@@ -75,7 +75,7 @@ void Preferences::setValue(std::string_view key, Variant value) {
 }
 
 void Preferences::Close() {
-    if (!changed_)
+    if (!changed_ || discarded_)
         return;
     try {
         save(ExportXMLString(prefs_, false));

@@ -37,6 +37,9 @@ public:
     /// Writes the file if there is something to write. To be called once, at the end. Never throws.
     virtual void Close();
 
+    /// Makes `Close` leave the file as it is, for values that belong together and are incomplete.
+    void Discard() { discarded_ = true; }
+
     /// The number of stored values.
     std::int64_t Count() const { return static_cast<std::int64_t>(prefs_->Count()); }
 
@@ -53,6 +56,7 @@ private:
     std::filesystem::path fprefs_;
     std::filesystem::path copy_; ///< of what `fprefs_` is to hold, while that is being written
     bool changed_ = false;
+    bool discarded_ = false;
 };
 
 } // namespace skyvert

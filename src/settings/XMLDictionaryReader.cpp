@@ -115,6 +115,7 @@ public:
 
 private:
     /// A storage that is being filled.
+    // NOLINTNEXTLINE(bugprone-exception-escape): see `Variant`
     struct Level {
         Variant storage;
         Variant key; ///< of the entry that comes next; Nil when there has been none

@@ -67,7 +67,7 @@ bool isPlain(std::string_view text) {
 /// The character at the start of a text, as a document can hold it; it is taken off the text.
 std::string xmlCharacter(std::string_view& text) {
     const std::size_t length = utf8Length(text);
-    const std::string character(text.substr(0, std::max(std::size_t{1}, length)));
+    std::string character(text.substr(0, std::max(std::size_t{1}, length)));
     text.remove_prefix(character.size());
     const bool isNoncharacter = character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF";
     if (length > 1 ? !isNoncharacter : isPlain(character))

@@ -13,7 +13,8 @@ namespace skyvert {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 64 * 1024; ///< even, so that no block splits a unit of UTF-16
+constexpr std::size_t kBlockSize =
+    std::size_t{64} * 1024; ///< even, so that no block splits a unit of UTF-16
 
 [[noreturn]] void malformed(const char* reason) {
     throw XmlException(reason);
@@ -84,7 +85,8 @@ public:
             hasUtf8Mark_ = block.starts_with("\xEF\xBB\xBF");
         isFirst_ = false;
         const XML_Status status =
-            XML_Parse(parser_.get(), block.data(), static_cast<int>(block.size()), isLast);
+            XML_Parse(parser_.get(), block.data(), static_cast<int>(block.size()),
+                      isLast ? XML_TRUE : XML_FALSE);
         if (failure_)
             std::rethrow_exception(failure_);
         if (status != XML_STATUS_OK)
@@ -149,7 +151,7 @@ private:
         handler_.instruction(target, data);
     }
 
-    void declaration(const char* version, const char* encoding, int /*standalone*/) {
+    void declaration(const char* version, const char* encoding, int /*standalone*/) const {
         if (version != nullptr && !isXmlVersion(version))
             malformed("no version of XML");
         if (hasUtf8Mark_ && encoding != nullptr && !equalsIgnoringCase(encoding, "UTF-8"))

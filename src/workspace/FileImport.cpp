@@ -1,10 +1,13 @@
 #include "notation/LookAlikes.h"
+#include "platform/Files.h"
 #include "platform/Text.h"
 #include "platform/TextInputStream.h"
 #include "shell/FileTypes.h"
 #include "workspace/MainWindow.h"
 
+#include <functional>
 #include <span>
+#include <string>
 
 namespace skyvert {
 
@@ -15,6 +18,27 @@ bool holdsNothing(std::span<const std::string_view> fields) {
     return fields.empty() || (fields.size() == 1 && isBlank(fields[0]));
 }
 
+/// What went wrong with several files, to be told at once.
+class Failures {
+public:
+    void add(std::string_view reason) {
+        if (++count_ <= kTold)
+            told_.append(told_.empty() ? "" : "\n").append(reason);
+    }
+
+    /// Empty when nothing went wrong.
+    std::string text() const {
+        return count_ <= kTold ? told_
+                               : told_ + "\nAnd " + std::to_string(count_ - kTold) + " more.";
+    }
+
+private:
+    static constexpr std::size_t kTold = 5;
+
+    std::size_t count_ = 0;
+    std::string told_;
+};
+
 } // namespace
 
 void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
@@ -23,25 +47,43 @@ void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
     const auto file = app_.desktop().dialogs.GetOpenFolderItem(FileTypes::Any);
     if (!file || isClosed())
         return;
-    importFile(*file);
+    RowWork work(app_.desktop().progress, "Importing", StoppedBy::User);
+    importFile(*file, work, [](double fraction) { return fraction; });
     app_.desktop().dialogs.StartIn(file->parent_path());
 }
 
 void MainWindow::FilesDropped(std::span<const std::filesystem::path> files) {
     if (refusesSpaces(fileFormat, inFormat))
         return;
-    bool goesOn = true;
-    for (const std::filesystem::path& file : files) {
-        if (goesOn && !isClosed())
-            dispatch(app_.desktop().dialogs, [&] { goesOn = importFile(file); });
-    }
+    const std::string failures = importFiles(files);
+    if (!failures.empty())
+        app_.desktop().dialogs.ErrorBox(failures);
 }
 
-/// Adds the positions in a file. Returns false when the user has stopped it.
-bool MainWindow::importFile(const std::filesystem::path& file) {
-    TextInputStream stream = TextInputStream::Open(file);
+/// Returns what went wrong, empty for nothing.
+std::string MainWindow::importFiles(std::span<const std::filesystem::path> files) {
+    Failures failures;
     RowWork work(app_.desktop().progress, "Importing", StoppedBy::User);
-    const auto fraction = [&stream] { return stream.fractionRead(); };
+    bool goesOn = true;
+    for (std::size_t index = 0; goesOn && index < files.size(); ++index) {
+        const auto ofAll = [&](double fraction) {
+            return (static_cast<double>(index) + fraction) / static_cast<double>(files.size());
+        };
+        try {
+            goesOn = importFile(files[index], work, ofAll);
+        } catch (const FileError& error) {
+            failures.add(error.what());
+        }
+    }
+    return failures.text();
+}
+
+/// Adds the positions in a file. `ofAll` makes the part that is done of the whole work out of the
+/// part that is done of the file. Returns false when the user has stopped it.
+bool MainWindow::importFile(const std::filesystem::path& file, RowWork& work,
+                            const std::function<double(double)>& ofAll) {
+    TextInputStream stream = TextInputStream::Open(file);
+    const auto fraction = [&] { return ofAll(stream.fractionRead()); };
     bool goesOn = true;
     while (goesOn && !stream.endOfFile()) {
         const std::string_view line = stream.ReadLine();

@@ -124,13 +124,16 @@ private:
     Preferences& prefs() const { return app_.prefs(); }
 
     const Precession& precession();
-    bool importFile(const std::filesystem::path& file);
+    std::string importFiles(std::span<const std::filesystem::path> files);
+    bool importFile(const std::filesystem::path& file, RowWork& work,
+                    const std::function<double(double)>& ofAll);
     void importLine(std::string_view line);
     void exportRow(std::int64_t row, TextOutputStream& stream);
     bool refusesSpaces(const Popup& dialect, const FormatSelector& format);
     bool wantsSign(const TextField& field) const;
     void setMasked(TextField& field, std::string_view text) const;
     std::int64_t storedRowCount() const;
+    void saveAllOrNothing();
     void restoreEpoch(EpochSelector& selector, std::string_view key);
     void restoreFormat(FormatSelector& selector, std::string_view key, std::string_view standard);
 

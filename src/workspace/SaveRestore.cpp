@@ -72,8 +72,19 @@ void MainWindow::Event_Close() {
         prefs().setValue(key, std::to_string((this->*get)()));
     // Stored rows that have not all come back stay as they are.
     if (restored_)
-        SaveContents();
+        saveAllOrNothing();
     app_.Quit(0);
+}
+
+/// A list of which only a part could be stored, for want of memory, must not replace the old one.
+void MainWindow::saveAllOrNothing() {
+    try {
+        SaveContents();
+    } catch (...) {
+        prefs().Discard();
+        app_.Quit(0);
+        throw;
+    }
 }
 
 void MainWindow::SaveContents() {

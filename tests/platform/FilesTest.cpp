@@ -111,13 +111,9 @@ TEST_F(TextFiles, RefusalsNameTheFileAndTheReason) {
     EXPECT_EQ(refusal(read, folder.path()), "opened: it is a folder.");
     EXPECT_EQ(refusal(write, folder / "none/a"), "created: No such file or directory.");
     EXPECT_EQ(refusal(write, folder.path()), "written: Is a directory.");
-    EXPECT_TRUE(!fs::exists("/dev/full") || // which not every system has
-                refusal(write, "/dev/full") == "written: No space left on device.");
     ASSERT_EQ(mkfifo(list.c_str(), 0600), 0);
     EXPECT_EQ(refusal(read, list), "opened: it is not a regular file.");
-    EXPECT_EQ(refusal(write, list), "written: it is a pipe, and no program reads it.");
-    const File reader(list, File::Use::Read);
-    EXPECT_EQ(refusal(write, list), "none");
+    EXPECT_EQ(refusal(write, list), "written: it is not a regular file.");
 }
 
 } // namespace skyvert::files_test

@@ -162,6 +162,8 @@ TEST(Views, APastedPairFillsBothFieldsAndARefusalIsToldUntilTheNextKey) {
     EXPECT_EQ(paste("12h30.1234567m\t\u221205\u00B010.5'"), "12 30.12345|-05 10.5");
     ra.clear();
     EXPECT_EQ(paste("05h34.5m"), "05 34.5|-05 10.5");
+    ra.selectAll();
+    EXPECT_EQ(paste("053431"), "05 34.5|-05 10.5") << "seconds are no decimals of minutes";
     EXPECT_EQ(paste("M 31"), "05 34.5|-05 10.5");
     EXPECT_EQ(ra.toolTip(), "The pasted text does not fit HH MM.");
     QTest::keyClick(&ra, Qt::Key_Right);

@@ -89,6 +89,8 @@ struct LoggedProgress : Progress {
 
     bool report(std::int64_t rows, double fraction) override {
         log += std::to_string(rows) + " " + std::to_string(std::lround(100 * fraction)) + "%|";
+        if (lacksMemory)
+            throw std::bad_alloc();
         return stoppedBy == StoppedBy::Nobody || rows < stopAt;
     }
 
@@ -103,6 +105,7 @@ struct LoggedProgress : Progress {
     std::int64_t stopAt = std::numeric_limits<std::int64_t>::max();
     StoppedBy stoppedBy{};
     bool working = false;
+    bool lacksMemory = false;
 };
 
 /// A machine made for a test: a stopped clock, a loop that is driven by hand, a scripted user.

@@ -181,6 +181,15 @@ TEST_F(SaveRestoreTest, RowsThatHaveNotAllComeBackStayStored) {
         EXPECT_EQ(program.machine.progress.stoppedBy, StoppedBy::ProgramEnd);
         program.end();
     }
+    {
+        TestWindow program(folder);
+        program.settle();
+        program.window->ConvertCoordinates("2", "2");
+        program.machine.progress.lacksMemory = true;
+        EXPECT_THROW(program.window->close(), std::bad_alloc);
+        program.app.Event_Close();
+        EXPECT_EQ(program.quitCode, 0);
+    }
     run([](TestWindow&, MainWindow& main) { EXPECT_EQ(main.list.RowCount(), 5000); });
 }
 
