@@ -3,8 +3,8 @@
 // An input holds up to four numbers of eight bytes.
 
 #include "epochs/Precession.h"
-#include "notation/RADecFormat.h"
 #include "shell/EpochSelector.h"
+#include "support/Coordinates.h"
 #include "support/TestDesktop.h"
 
 #include <bit>
@@ -17,14 +17,11 @@ using namespace skyvert;
 namespace {
 
 void render(double number, RADecFormat& format) {
-    for (const std::string& notation : RADecFormat::SupportedRAFormats()) {
-        format.setRaFormat(notation);
-        format.ExportRA(number);
-    }
-    for (const std::string& notation : RADecFormat::SupportedDecFormats()) {
-        format.setDecFormat(notation);
-        format.ExportDec(number);
-    }
+    for (const Coordinate& coordinate : kCoordinates)
+        for (const std::string& notation : coordinate.notations()) {
+            (format.*coordinate.select)(notation);
+            (format.*coordinate.write)(number);
+        }
 }
 
 void date(double number, double other) {

@@ -5,9 +5,9 @@
 
 #include "notation/LookAlikes.h"
 #include "notation/PastedPosition.h"
-#include "notation/RADecFormat.h"
 #include "controls/EntryMask.h"
 #include "shell/EpochSelector.h"
+#include "support/Coordinates.h"
 #include "support/TestDesktop.h"
 #include "workspace/DelimitedText.h"
 
@@ -63,22 +63,16 @@ using Readings = std::vector<std::pair<std::uint64_t, std::string_view>>;
 Readings convert(std::string_view text, RADecFormat& format) {
     Readings readings;
     std::string_view error;
-    for (const std::string& notation : RADecFormat::SupportedRAFormats()) {
-        format.setRaFormat(notation);
-        paste(text, format);
-        const double hours = format.ImportRA(text, error);
-        require(!error.empty() || (hours >= 0 && hours < 24));
-        readings.emplace_back(std::bit_cast<std::uint64_t>(hours), error);
-        format.ImportRA(format.ExportRA(hours), error);
-    }
-    for (const std::string& notation : RADecFormat::SupportedDecFormats()) {
-        format.setDecFormat(notation);
-        paste(text, format);
-        const double degrees = format.ImportDec(text, error);
-        require(!error.empty() || std::abs(degrees) <= 90);
-        readings.emplace_back(std::bit_cast<std::uint64_t>(degrees), error);
-        format.ImportDec(format.ExportDec(degrees), error);
-    }
+    for (const Coordinate& coordinate : kCoordinates)
+        for (const std::string& notation : coordinate.notations()) {
+            (format.*coordinate.select)(notation);
+            paste(text, format);
+            const double value = (format.*coordinate.read)(text, error);
+            const bool fits = coordinate.name == "RA" ? value >= 0 && value < 24 : std::abs(value) <= 90;
+            require(!error.empty() || fits);
+            readings.emplace_back(std::bit_cast<std::uint64_t>(value), error);
+            (format.*coordinate.read)((format.*coordinate.write)(value), error);
+        }
     return readings;
 }
 

@@ -1,4 +1,4 @@
-#include "notation/RADecFormat.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
@@ -24,28 +24,18 @@ std::vector<std::vector<std::string>> tableOfGuide(const std::string& heading) {
 }
 
 TEST(Guide, ItsTablesOfNotationsShowWhatTheProgramWritesAndReads) {
-    const struct {
-        const char* heading;
-        std::vector<std::string> catalogue;
-        double example;
-        void (RADecFormat::*select)(std::string_view);
-        double (RADecFormat::*read)(std::string_view, std::string_view&) const;
-        std::string (RADecFormat::*write)(double) const;
-    } tables[] = {{"| right ascension |", RADecFormat::SupportedRAFormats(), 15.7851,
-                   &RADecFormat::setRaFormat, &RADecFormat::ImportRA, &RADecFormat::ExportRA},
-                  {"| declination |", RADecFormat::SupportedDecFormats(), 22.6751,
-                   &RADecFormat::setDecFormat, &RADecFormat::ImportDec, &RADecFormat::ExportDec}};
     const Locale locale;
     RADecFormat format("\t\tN\t2\t2", locale);
     std::string_view error;
-    for (const auto& [heading, catalogue, example, select, read, write] : tables) {
-        const auto rows = tableOfGuide(heading);
+    for (const auto& [name, notations, select, read, write, mask] : kCoordinates) {
+        const auto rows = tableOfGuide(name == "RA" ? "| right ascension |" : "| declination |");
+        const std::vector<std::string> catalogue = notations();
         ASSERT_EQ(rows.size(), catalogue.size());
         for (std::size_t i = 0; i < rows.size(); ++i) {
             (format.*select)(catalogue[i]);
             ASSERT_GE(rows[i].size(), 2U);
             EXPECT_EQ(rows[i][0], catalogue[i]);
-            EXPECT_EQ(rows[i][1], (format.*write)(example));
+            EXPECT_EQ(rows[i][1], (format.*write)(name == "RA" ? 15.7851 : 22.6751));
             const double value = (format.*read)(rows[i][1], error);
             for (std::size_t text = 1; text < rows[i].size(); ++text) {
                 EXPECT_NEAR((format.*read)(rows[i][text], error), value, 1e-9) << rows[i][text];

@@ -1,26 +1,20 @@
 #include "platform/Date.h"
 
 #include "platform/Clock.h"
-
-#include <gtest/gtest.h>
+#include "support/Table.h"
 
 #include <ctime>
 
 namespace skyvert::date_test {
 
 TEST(Date, CountsSecondsAndDaysOfTheYearByTheProlepticGregorianCalendar) {
-    const std::tuple<Date, double, std::int64_t> cases[] = {
-        {{1970, 1, 1}, 0.0, 1}, {{2001, 9, 9, 1, 46, 40}, 1e9, 252},
-        {{1969, 12, 31, 23, 59, 59}, -1.0, 365}, {{2000, 12, 31}, 978220800.0, 366},
-        {{1900, 12, 31}, -2177539200.0, 365}, {{-4712, 3, 1}, -210858336000.0, 61},
-        {{400000, 1, 1}, 12560613580800.0, 1}};
-
-    for (const auto& [date, totalSeconds, dayOfYear] : cases) {
-        EXPECT_EQ(date.TotalSeconds(), totalSeconds);
-        EXPECT_EQ(date.DayOfYear(), dayOfYear);
+    for (const auto& [cell, totalSeconds, dayOfYear] : table<3>("dates")) {
+        const Date day = date(cell);
+        EXPECT_EQ(day.TotalSeconds(), number(totalSeconds));
+        EXPECT_EQ(day.DayOfYear(), std::stoi(dayOfYear));
         Date counted(1, 1, 1);
-        counted.setTotalSeconds(totalSeconds);
-        EXPECT_EQ(counted, date);
+        counted.setTotalSeconds(number(totalSeconds));
+        EXPECT_EQ(counted, day);
     }
     EXPECT_EQ(Date(2023, 13, 32).TotalSeconds(), Date(2024, 2, 1).TotalSeconds());
 }
@@ -39,12 +33,7 @@ TEST(Date, SQLDateTakesRealDaysOnlyAndKeepsTheClockTime) {
 }
 
 TEST(Date, WhatIsTypedIsADayOfTheCalendarOrNothing) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"2010-06-15", "2010-06-15"}, {" 2010/6/5 ", "2010-06-05"}, {"20100615", "2010-06-15"}, {"130.1.1", "0130-01-01"},
-        {"0100-01-01", "0100-01-01"}, {"9999 12 31", "9999-12-31"}, {"2000-02-29", "2000-02-29"}, {"0099-12-31", "none"},
-        {"2023-02-30", "none"}, {"1900-02-29", "none"}, {"2010-06-271", "none"}, {"2010-06-15-1", "none"}, {"20101301", "none"},
-        {"2010-06", "none"}, {"02010-06-15", "none"}, {"2010--15", "none"}, {"", "none"}, {"-", "none"}, {"2010-06-1x", "none"}};
-    for (const auto& [typed, day] : cases) {
+    for (const auto& [typed, day] : table<2>("typed_dates")) {
         const auto date = Date::fromTyped(typed);
         EXPECT_EQ(date ? date->SQLDate() : "none", day) << typed;
     }

@@ -4,8 +4,7 @@
 
 #include "platform/Text.h"
 #include "support/TestDesktop.h"
-
-#include <gtest/gtest.h>
+#include "support/Table.h"
 
 #include <sys/stat.h>
 
@@ -31,21 +30,7 @@ struct TextFiles : testing::Test {
 };
 
 TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"", ""}, {"\n", "|"}, {"a\nb", "a|b|"}, {"a\r\nb\rc\n", "a|b|c|"},
-        {"a\r\r\n\n\rb", "a||||b|"}, {"a\r", "a|"}, {"\0\0\0\n\0"s, "\0\0\0|\0|"s},
-        {"\xEF\xBB\xBF", ""}, {"\xEF\xBB\xBF+1\u00B0\xE9", "+1\u00B0\u00E9|"},
-        {"\xEF\xBB", "\u00EF\u00BB|"},
-        {"1\xB0 2\x92 3\x94\n\x80\x81", "1\u00B0 2\u2019 3\u201D|\u20AC\u0081|"},
-        {"\u00B0\xB0\xE2\x80", "\u00B0\u00B0\u00E2\u20AC|"},
-        {"\xED\xA0\x80", "\u00ED\u00A0\u20AC|"}, {"\U0001F600\u0800", "\U0001F600\u0800|"},
-        {"\xE0\x80\x80", "\u00E0\u20AC\u20AC|"}, {"\xF4\x90\x80\x80", "\u00F4\u0090\u20AC\u20AC|"},
-        {"\xFF\xFE\x31\0\xB0\0\r\0\n\0\x32\0"s, "1\u00B0|2|"},
-        {"\xFE\xFF\0\x31\0\n\x22\x12\xD8\x3D\xDD\x2D"s, "1|\u2212\U0001F52D|"},
-        {"\xFF\xFE=\xD8\0\xDE=\xD8z\0\0\xDCz\0b"s, "\U0001F600\uFFFDz\uFFFDz\uFFFD|"},
-        {"\xFF\xFEz\0=\xD8"s, "z\uFFFD|"},
-        {"\xFE\xFF\x08\0\xD8\0\xD8\0"s, "\u0800\uFFFD\uFFFD|"}};
-    for (const auto& [bytes, lines] : cases)
+    for (const auto& [bytes, lines] : table<2>("text_files"))
         EXPECT_EQ(linesOf(bytes), lines) << testing::PrintToString(bytes);
 }
 

@@ -1,23 +1,12 @@
 #include "platform/Text.h"
-
-#include <gtest/gtest.h>
-
+#include "support/Table.h"
 
 namespace skyvert::text_test {
 
-using Fields = std::vector<std::string_view>;
-
 TEST(Text, ReplacementIgnoresCaseAndNeverLooksAtWhatItPutIn) {
-    struct Case { std::string_view text, wanted, by, first, all; };
-    const Case cases[] = {
-        {"12H34h", "h", ":", "12:34h", "12:34:"}, {"a    b", "  ", " ", "a   b", "a  b"},
-        {"a   b", "  ", " ", "a  b", "a  b"}, {"aaa", "A", "aa", "aaaa", "aaaaaa"},
-        {"1°2°", "°", "", "12°", "12"}, {"É", "é", "e", "É", "É"}, {"abc", "", "x", "abc", "abc"},
-        {"", "a", "x", "", ""}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(Replace(c.text, c.wanted, c.by), c.first);
-        EXPECT_EQ(ReplaceAll(c.text, c.wanted, c.by), c.all);
+    for (const auto& [text, wanted, by, first, all] : table<5>("replacements")) {
+        EXPECT_EQ(Replace(text, wanted, by), first) << text;
+        EXPECT_EQ(ReplaceAll(text, wanted, by), all) << text;
     }
 }
 

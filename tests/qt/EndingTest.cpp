@@ -32,21 +32,17 @@ TEST(Ending, QuitAndClosingRunTheCloseHandlersOnce) {
 }
 
 #ifdef Q_OS_UNIX
-/// Leaves something open that has an event loop of its own, or holds the mouse and the keyboard.
-struct OpenThing {
-    const char* what;
-    void (*open)(ShownWindow& shown);
-};
+using Open = void (*)(ShownWindow& shown); ///< what it opens has a loop, the mouse or the keyboard
 
 TEST(Ending, ASignalEndsInOrderWhateverIsOpen) {
-    const OpenThing things[] = {
+    const std::pair<const char*, Open> things[] = {
         {"nothing", [](ShownWindow&) {}},
         {"a message", [](ShownWindow&) { QtDialogs().MsgBox("<b>"); }},
         {"a file dialog", [](ShownWindow&) { QtDialogs().GetOpenFolderItem({}); }},
         {"a popup", [](ShownWindow& shown) { shown.find<QComboBox>("ListFormat")->showPopup(); }}};
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        for (const OpenThing& thing : things) {
-            SCOPED_TRACE(std::string(thing.what) + " " + std::to_string(signal));
+        for (const auto& [what, openThing] : things) {
+            SCOPED_TRACE(std::string(what) + " " + std::to_string(signal));
             ShownWindow shown;
             int closings = 0;
             shown.app.onQuit = [&](int code) {
@@ -56,7 +52,7 @@ TEST(Ending, ASignalEndsInOrderWhateverIsOpen) {
             UnixSignals unixSignals;
             unixSignals.onSignal([&] { shown.view.closeAll(); });
             shown.open();
-            QTimer::singleShot(0, [&] { thing.open(shown); });
+            QTimer::singleShot(0, [&, open = openThing] { open(shown); });
             QTimer::singleShot(20ms, [&] { std::raise(signal); });
             EXPECT_EQ(QCoreApplication::exec(), 0);
             EXPECT_EQ(closings, 1);

@@ -1,33 +1,21 @@
 #include "qt/ShownWindow.h"
+#include "support/Table.h"
 
 #include <QAccessible>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QMenuBar>
 #include <QTableView>
-#include <gtest/gtest.h>
 
 namespace skyvert::layout_test {
 
-/// A desktop, and what size of letters the window has there.
-struct FontCase {
-    int points;
-    QRect screen;
-    double letters;
-    int width; ///< of the window in pixels; 0 for one that depends on the letters
-};
-
-constexpr FontCase kFontCases[] = {
-    {9, {0, 0, 1280, 1024}, 9, 893},  {10, {0, 0, 1920, 1080}, 10, 893},
-    {11, {0, 0, 1280, 1024}, 10, 893}, {14, {0, 0, 1280, 1024}, 14, 0},
-    {20, {0, 0, 1920, 1080}, 20, 0},  {9, {0, 0, 1024, 600}, 9, 893},
-    {9, {0, 0, 800, 600}, 8.5, 792}, {20, {40, 30, 800, 600}, 8.5, 792}};
-
 TEST(Layout, NothingIsCutOffOrCoveredAndTheLettersStayWhereTheWindowFitsTheScreen) {
     const QFont usual = QApplication::font();
-    for (const auto& [points, screen, letters, width] : kFontCases) {
-        SCOPED_TRACE(std::to_string(points) + " " + std::to_string(screen.width()));
-        QApplication::setFont(QFont("DejaVu Sans", points));
+    for (const auto& [points, left, top, across, down, letters, window] : table<7>("fonts")) {
+        const QRect screen(std::stoi(left), std::stoi(top), std::stoi(across), std::stoi(down));
+        const int width = std::stoi(window);
+        SCOPED_TRACE(points + " " + across);
+        QApplication::setFont(QFont("DejaVu Sans", std::stoi(points)));
         ShownWindow shown({",", "."});
         shown.open(screen);
         EXPECT_TRUE(screen.contains(shown.view.geometry().adjusted(0, 0, 2, 30)));
@@ -53,7 +41,7 @@ TEST(Layout, NothingIsCutOffOrCoveredAndTheLettersStayWhereTheWindowFitsTheScree
                     << toUtf8(other->objectName());
             }
         }
-        EXPECT_EQ(list.font().pointSizeF(), letters);
+        EXPECT_EQ(list.font().pointSizeF(), number(letters));
         const int height = shown.window.height();
         EXPECT_EQ(height == 550, screen.height() > 600 || width < 893);
         shown.view.resize(shown.view.size() + QSize(0, 60));

@@ -1,6 +1,7 @@
 #include "qt/MaskedLineEdit.h"
 
 #include "qt/QtText.h"
+#include "support/Table.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -9,12 +10,10 @@
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QtTest/QTest>
-#include <gtest/gtest.h>
 
 namespace skyvert::masked_line_edit_test {
 
 constexpr const char* kBlanks = R"(##\ ##\ ##\.99999)";
-constexpr const char* kSigned = R"(&##\ ##\ ##\.99999)";
 
 struct MaskedLineEditTest : testing::Test {
     MaskedLineEditTest() {
@@ -64,17 +63,11 @@ TEST_F(MaskedLineEditTest, UndoAndRedoGoThroughTheTextsThatWereSeen) {
 }
 
 TEST_F(MaskedLineEditTest, PasteIsOneFoldedLineThatFitsOrIsRefusedWhole) {
-    const std::array<const char*, 3> rows[] = {
-        {kBlanks, "123045.5", "12 30 45.5"},
-        {kBlanks, "\n\t12\t30 45 \r\nsecond line\n", "12 30 45"}, {kBlanks, "12h30", ""},
-        {kSigned, "\u221222 40 30", "-22 40 30"}, {"", "a\tb \u2212\u2028c", "a b -"},
-        {"", " padded ", " padded "}, {"", "\n \n", ""}, {"", "a\U0001F600b", "a\U0001F600b"}};
-
-    for (const auto& [mask, pasted, expected] : rows) {
+    for (const auto& [mask, pasted, expected] : table<3>("pasted_texts")) {
         field.clear();
         edits.clear();
         field.setEntryMask(EntryMask(mask, "."));
-        QApplication::clipboard()->setText(pasted);
+        QApplication::clipboard()->setText(toQString(pasted));
         press(QKeySequence::Paste);
         EXPECT_EQ(text(), expected);
         EXPECT_EQ(edits, text().empty() ? "" : text() + "|");

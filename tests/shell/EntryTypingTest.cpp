@@ -1,6 +1,6 @@
-#include "notation/RADecFormat.h"
 #include "controls/EntryMask.h"
 #include "platform/Text.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
@@ -44,21 +44,16 @@ TEST(EntryTyping, EveryRenderedPositionCanBeTypedPastedAndMended) {
             format.setLocalised(variant % 2 == 1);
             format.setRADecimals(variant / 2);
             format.setDecDecimals(variant / 2);
-            const auto check = [&](const std::string& mask, auto write, const auto& values) {
-                if (std::count(mask.begin(), mask.end(), '9') < std::max(variant / 2, 1))
-                    return;
-                ++masks;
-                for (const double value : values)
-                    expectTypable(EntryMask(mask, locale.decimalPoint), (format.*write)(value));
-            };
-            for (const std::string& notation : RADecFormat::SupportedRAFormats()) {
-                format.setRaFormat(notation);
-                check(format.RAMask(), &RADecFormat::ExportRA, hours);
-            }
-            for (const std::string& notation : RADecFormat::SupportedDecFormats()) {
-                format.setDecFormat(notation);
-                check(format.DecMask(), &RADecFormat::ExportDec, degrees);
-            }
+            for (const auto& [name, notations, select, read, write, maskOf] : kCoordinates)
+                for (const std::string& notation : notations()) {
+                    (format.*select)(notation);
+                    const std::string mask = (format.*maskOf)();
+                    if (std::count(mask.begin(), mask.end(), '9') < std::max(variant / 2, 1))
+                        continue;
+                    ++masks;
+                    for (const double value : name == "RA" ? hours : degrees)
+                        expectTypable(EntryMask(mask, locale.decimalPoint), (format.*write)(value));
+                }
         }
     EXPECT_GE(masks, 3 * 2 * (12 * 6 + 12 * 7)) << "masks of 5 and of 6 decimals";
 }

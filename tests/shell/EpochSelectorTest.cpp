@@ -1,7 +1,6 @@
 #include "shell/EpochSelector.h"
 #include "support/TestDesktop.h"
-
-#include <gtest/gtest.h>
+#include "support/Table.h"
 
 namespace skyvert::epoch_selector_test {
 
@@ -21,36 +20,21 @@ struct EpochSelectorTest : testing::Test {
 };
 
 TEST_F(EpochSelectorTest, RestoresASelection) {
-    const std::string date = R"("epochDate":"1987-03-15"})";
-    const std::string today = R"("epochDate":"2026-11-16"})";
-    const std::tuple<std::string, const char*, const char*, double, std::string> cases[] = {
-        {"", "J2000.0", "2000-01-01", 2451544.5, R"({"epochPopup":2,)" + today},
-        {R"( { "epochDate" : "1987-03-15", "epochPopup":0})", "B1900.0", "1900-01-01", 2415020.5,
-         R"({"epochPopup":0,)" + date},
-        {R"({"epochPopup":1,)" + date, "B1950.0", "1950-01-01", 2433282.5, ""},
-        {R"({"epochPopup":3})", "J2050.0", "2050-01-01", 2469807.5, R"({"epochPopup":3,)" + today},
-        {R"({"epochPopup":4,)" + date, "JNow", "2026-11-16", 2461360.5, ""},
-        {R"({"epochPopup":-1,)" + date, "", "1987-03-15", 2446869.5, ""},
-        {R"({"epochPopup":5,)" + date, "Other", "1987-03-15", 2446869.5, ""}};
-    for (const auto& [stored, name, day, julianDate, serialised] : cases) {
+    for (const auto& [stored, name, day, julianDate, serialised] : table<5>("stored_epochs")) {
         selector.setSerialised(stored);
         EXPECT_EQ(row(), name);
         EXPECT_EQ(selector.epoch()->SQLDate(), day);
-        EXPECT_EQ(selector.epochJulian(), julianDate);
-        EXPECT_EQ(selector.serialised(), serialised.empty() ? stored : serialised);
+        EXPECT_EQ(selector.epochJulian(), number(julianDate));
+        EXPECT_EQ(selector.serialised(), serialised);
     }
 }
 
 TEST_F(EpochSelectorTest, RefusesADamagedTextAndChangesNothing) {
-    const std::string deep(300'000, '[');
-    for (const char* stored :
-         {"x", "[]", "{}{}", "{\"a\":\"\xFF\"}", deep.c_str(), R"({"epochPopup":"2"})",
-          R"({"epochPopup":2.0})", R"({"epochPopup":null})", R"({"epochPopup":6})",
-          R"({"epochPopup":-2})", R"({"epochPopup":4294967298})",
-          R"({"epochPopup":18446744073709551615})",
-          R"({"epochPopup":1,"epochDate":"1987-02-29"})", R"({"epochPopup":1,"epochDate":""})"})
+    auto damaged = table<1>("damaged_epochs");
+    damaged.push_back({std::string(300'000, '[')});
+    for (const auto& [stored] : damaged)
         EXPECT_THROW(selector.setSerialised(stored), std::invalid_argument)
-            << std::string_view(stored).substr(0, 40);
+            << stored.substr(0, 40);
     EXPECT_EQ(selector.serialised(), R"({"epochPopup":0,"epochDate":"2000-01-01"})");
     EXPECT_FALSE(selector.epoch() || selector.epochDate.visible());
     EXPECT_EQ(selector.epochYear(), 0.0);
@@ -59,17 +43,10 @@ TEST_F(EpochSelectorTest, RefusesADamagedTextAndChangesNothing) {
 }
 
 TEST_F(EpochSelectorTest, SelectsTheRowOfAnAssignedDayWithoutAnEvent) {
-    const std::tuple<Date, std::string, const char*, const char*> cases[] = {
-        {{1900, 1, 1, 23, 59, 59}, "B1900.0", "", "2000-01-01"},
-        {{1950, 1, 1}, "B1950.0", "", "2000-01-01"}, {{2000, 1, 1}, "J2000.0", "", "2000-01-01"},
-        {{2050, 1, 1}, "J2050.0", "", "2000-01-01"},
-        {{2026, 11, 16}, "JNow", "2026,9", "2000-01-01"},
-        {{1987, 3, 15}, "Other", "1987,2", "1987-03-15"},
-        {{1991, 4, 2}, "Other", "1991,2", "1991-04-02"}};
-    for (const auto& [date, name, helpTag, shown] : cases) {
-        selector.setEpoch(date);
+    for (const auto& [assigned, name, helpTag, shown] : table<4>("assigned_epochs")) {
+        selector.setEpoch(date(assigned));
         EXPECT_EQ(row(), name);
-        EXPECT_EQ(selector.epoch(), date);
+        EXPECT_EQ(selector.epoch(), date(assigned));
         EXPECT_EQ(selector.epochDate.dateValue().SQLDate(), shown);
         EXPECT_EQ(selector.epochDate.visible(), name == "Other");
         EXPECT_EQ(selector.dateLabel.visible(), name == "Other");
@@ -100,19 +77,13 @@ TEST_F(EpochSelectorTest, FollowsTheUser) {
 }
 
 TEST_F(EpochSelectorTest, IsAYearWithAFractionAndTakesOneCountingFebruaryAs28Days) {
-    const std::pair<Date, double> read[] = {
-        {{2000, 1, 1}, 2000.0}, {{2000, 3, 1}, 2000.16427105}, {{2025, 12, 31}, 2025.99657769},
-        {{2024, 12, 31}, 2024.99931554}};
-    for (const auto& [date, year] : read) {
-        selector.setEpoch(date);
-        EXPECT_NEAR(selector.epochYear(), year, 5e-9);
+    for (const auto& [epoch, year] : table<2>("years_of_epochs")) {
+        selector.setEpoch(date(epoch));
+        EXPECT_NEAR(selector.epochYear(), number(year), 5e-9);
     }
-    const std::pair<double, Date> written[] = {
-        {2000.083, {2000, 1, 31, 12, 30, 0}}, {2000.5, {2000, 7, 3, 12, 30, 0}}, {2023.999, {2023, 12, 31}}, {-0.5, {-1, 7, 3, 12, 30, 0}},
-        {1999.0, {1999, 1, 1, 12, 30, 0}}, {2000.1615, {2000, 3, 1, 12, 30, 0}}};
-    for (const auto& [year, date] : written) {
-        selector.setEpochYear(year);
-        EXPECT_EQ(selector.epoch(), date) << year;
+    for (const auto& [year, epoch] : table<2>("epochs_of_years")) {
+        selector.setEpochYear(number(year));
+        EXPECT_EQ(selector.epoch(), date(epoch)) << year;
     }
     selector.setEpochJulian(2446869.75);
     EXPECT_EQ(selector.epoch(), Date(1987, 3, 15, 6, 0, 0));
