@@ -35,7 +35,8 @@ TEST(Precession, AgreesWithAnIndependentImplementation) {
 
 TEST(Normalise, TurnsIntoTheClosedRange) {
     for (const auto& [value, low, high, result] : table<4>("normalised"))
-        EXPECT_DOUBLE_EQ(Normalise(number(value), number(low), number(high)), number(result)) << value;
+        EXPECT_DOUBLE_EQ(Normalise(number(value), number(low), number(high)), number(result))
+            << value;
     for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL})
         EXPECT_TRUE(std::isnan(Normalise(value, 0.0, 2.0)));
     constexpr double far = -9007199254740992.0;

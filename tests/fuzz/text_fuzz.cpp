@@ -68,8 +68,9 @@ Readings convert(std::string_view text, RADecFormat& format) {
             (format.*coordinate.select)(notation);
             paste(text, format);
             const double value = (format.*coordinate.read)(text, error);
-            const bool fits = coordinate.name == "RA" ? value >= 0 && value < 24 : std::abs(value) <= 90;
-            require(!error.empty() || fits);
+            const bool inRange = coordinate.name == "RA" ? value >= 0 && value < 24
+                                                         : std::abs(value) <= 90;
+            require(!error.empty() || inRange);
             readings.emplace_back(std::bit_cast<std::uint64_t>(value), error);
             (format.*coordinate.read)((format.*coordinate.write)(value), error);
         }

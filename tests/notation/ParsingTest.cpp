@@ -13,7 +13,8 @@ TEST(Parsing, GivesEachTextItsValueAndItsError) {
     for (const auto& [coordinate, localised, notation, text, value, error] : table<6>("parsing")) {
         RADecFormat format(notation + "\t" + notation + "\t" + localised, kComma);
         std::string_view reported = "left over";
-        EXPECT_EQ((format.*kCoordinates[coordinate == "Dec"].read)(text, reported), number(value)) << notation << " <- " << text;
+        const auto read = kCoordinates[coordinate == "Dec"].read;
+        EXPECT_EQ((format.*read)(text, reported), number(value)) << notation << " <- " << text;
         EXPECT_EQ(reported, error) << text;
     }
     std::string_view error;
@@ -22,12 +23,8 @@ TEST(Parsing, GivesEachTextItsValueAndItsError) {
 }
 
 TEST(LookAlikes, AreReadAsTheCharactersOfANotation) {
-    const std::pair<std::string_view, std::string_view> cases[] = {
-        {"−22º40′30″", "-22°40'30\""}, {"−22 40 30.2500000", "-22 40 30.2500000"}, {"22°40'", "22°40'"},
-        {"12ʰ34ᵐ\u200B56ˢ", "12h34m56s"},
-        {"\xE2\x88 \xFFé\xC2", "\xE2\x88 \xFFé\xC2"}, {"", ""}};
     std::string storage;
-    for (const auto& [text, folded] : cases)
+    for (const auto& [text, folded] : table<2>("folded_texts"))
         EXPECT_EQ(foldLookAlikes(text, storage), folded);
     const std::string_view ascii = "12 34 56";
     EXPECT_EQ(foldLookAlikes(ascii, storage).data(), ascii.data());

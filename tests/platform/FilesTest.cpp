@@ -3,8 +3,8 @@
 #include "platform/TextOutputStream.h"
 
 #include "platform/Text.h"
-#include "support/TestDesktop.h"
 #include "support/Table.h"
+#include "support/TestDesktop.h"
 
 #include <sys/stat.h>
 

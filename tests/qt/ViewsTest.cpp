@@ -13,6 +13,12 @@
 
 namespace skyvert::views_test {
 
+void turnWheel(QWidget& widget, int angle) {
+    QWheelEvent wheel({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, angle}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &wheel);
+}
+
 TEST(Views, TypingIsCheckedAtEveryKeyAndReturnEntersOnlyWhatParses) {
     ShownWindow shown;
     shown.window.FormatChangeTimer.setMode(Timer::Mode::Off);
@@ -59,9 +65,7 @@ TEST(Views, APopupTellsOfEachChoiceOnceAndOfNothingElse) {
     QTest::keyClick(&popup, Qt::Key_Down);
     QTest::keyClick(&popup, 'S');
     EXPECT_EQ(changes, (std::vector<std::int64_t>{1, 2}));
-    QWheelEvent wheel({5, 5}, popup.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&popup, &wheel);
+    turnWheel(popup, 120);
     EXPECT_EQ(changes.size(), 2U);
 
     shown.window.fileFormat.setListIndex(-1);
@@ -114,14 +118,9 @@ TEST(Views, ADateTypedWholeArrivesAndAnImpossibleOneStaysInRed) {
     date.setCursorPosition(2);
     QTest::keyClick(&date, Qt::Key_PageDown);
     EXPECT_EQ(changes, "2010-06-16|2000-06-16|");
-    const auto turnWheel = [&] {
-        QWheelEvent wheel({5, 5}, date.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&date, &wheel);
-    };
-    turnWheel();
+    turnWheel(date, -120);
     leave();
-    turnWheel();
+    turnWheel(date, -120);
     EXPECT_EQ(date.text(), "1999-06-16");
     date.setFocus();
     QTest::keyClick(&date, Qt::Key_Down, Qt::AltModifier);

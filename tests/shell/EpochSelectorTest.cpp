@@ -1,6 +1,6 @@
 #include "shell/EpochSelector.h"
-#include "support/TestDesktop.h"
 #include "support/Table.h"
+#include "support/TestDesktop.h"
 
 namespace skyvert::epoch_selector_test {
 

@@ -1,8 +1,8 @@
 #include "platform/Files.h"
 #include "platform/Text.h"
 #include "support/CountingAllocator.h"
-#include "support/TestWindow.h"
 #include "support/Table.h"
+#include "support/TestWindow.h"
 
 namespace skyvert::import_export_test {
 
@@ -69,7 +69,8 @@ TEST_F(ImportExportTest, TheListIsWrittenAsItStandsInEveryDialect) {
               ReplaceAll(heads, "\t", ",") +
                   "12:00:00,-45:00:00,\"180\u00B000'00\"\"\",\"-44\u00B059'60.0\"\"\"\n");
     EXPECT_EQ(exported("Space-separated"),
-              ReplaceAll(heads, "\t", " ") + "12:00:00 -45:00:00 180\u00B000'00\" -44\u00B059'60.0\"\n");
+              ReplaceAll(heads, "\t", " ") +
+                  "12:00:00 -45:00:00 180\u00B000'00\" -44\u00B059'60.0\"\n");
     EXPECT_EQ(exported("none"), "");
 }
 
@@ -101,10 +102,7 @@ TEST_F(ImportExportTest, AnImportAllocatesForBlocksOfRowsAndNotForRows) {
 TEST_F(ImportExportTest, LongWorkTellsHowFarItHasCome) {
     std::string& log = program.machine.progress.log;
     log.clear();
-    std::string bytes;
-    for (int row = 0; row < 9999; ++row)
-        bytes += "1\t2\n";
-    import("Tab-separated", bytes);
+    import("Tab-separated", ReplaceAll(std::string(9999, 'x'), "x", "1\t2\n"));
     exported("Tab-separated");
     EXPECT_EQ(log, "Importing|4096 100%|8192 100%|end|Exporting|4096 41%|8192 82%|end|");
     log.clear();
@@ -113,11 +111,8 @@ TEST_F(ImportExportTest, LongWorkTellsHowFarItHasCome) {
 }
 
 TEST_F(ImportExportTest, StoppedWorkKeepsTheRowsSoFarAndTheOldFile) {
-    std::string bytes;
-    for (int row = 0; row < 9999; ++row)
-        bytes += "1\t2\n";
     program.machine.progress.stopAt = 4096;
-    import("Tab-separated", bytes);
+    import("Tab-separated", ReplaceAll(std::string(9999, 'x'), "x", "1\t2\n"));
     EXPECT_EQ(main.list.RowCount(), 4096);
     EXPECT_EQ(program.machine.progress.stoppedBy, StoppedBy::User);
     writeWholeFile(folder / "out.txt", "old");

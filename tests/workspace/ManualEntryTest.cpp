@@ -1,5 +1,5 @@
-#include "support/TestWindow.h"
 #include "support/Table.h"
+#include "support/TestWindow.h"
 
 namespace skyvert::manual_entry_test {
 

@@ -1,4 +1,5 @@
 #include "platform/Files.h"
+#include "support/Table.h"
 #include "support/TestWindow.h"
 
 namespace skyvert::save_restore_test {
@@ -141,12 +142,7 @@ TEST_F(SaveRestoreTest, RowsOfAnEarlierLongerListStayInTheStoreUnread) {
 
 TEST_F(SaveRestoreTest, WhatIsDamagedGivesDefaultsWithoutAWord) {
     runWithRows({"1"});
-    const std::pair<const char*, const char*> damages[] = {
-        {"<integer>1</integer>", "<integer>2</integer>"}, {"Contents.RA.0", "Contents.RA.x"},
-        {"HH MM\t", "hh:mm\t"}, {"+DD MM SS\t", "none\t"}, {"\"epochPopup\":2", "\"epochPopup\":9"},
-        {"fileFormat</key>\n\t<string>Tab", "fileFormat</key>\n\t<string>Pipe"},
-        {"MWin.Left</key>\n\t<string>", "MWin.Left</key>\n\t<string>x"}};
-    for (const auto& [from, to] : damages)
+    for (const auto& [from, to] : table<2>("damaged_settings"))
         edit(from, to);
     run([](TestWindow& program, MainWindow& main) {
         EXPECT_EQ(state(program, main),
