@@ -264,7 +264,7 @@ bool MaskedLineEdit::runsOn(const EntryText& entry, std::string_view pasted) con
 }
 
 std::optional<EntryText> MaskedLineEdit::pastedEntry(const std::string& pasted) const {
-    const auto entry = entryWith(pasted);
+    auto entry = entryWith(pasted);
     if (entry && !runsOn(*entry, pasted))
         return entry;
     if (!fit_ || !replacesAllDigits())
