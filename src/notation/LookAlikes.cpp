@@ -130,4 +130,9 @@ std::string_view foldLookAlikes(std::string_view text, std::string& storage) {
     return storage;
 }
 
+std::string foldedLookAlikes(std::string_view text) {
+    std::string storage;
+    return std::string(foldLookAlikes(text, storage));
+}
+
 } // namespace skyvert

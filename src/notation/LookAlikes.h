@@ -14,4 +14,7 @@ namespace skyvert {
 /// view.
 std::string_view foldLookAlikes(std::string_view text, std::string& storage);
 
+/// The same as a text of its own.
+std::string foldedLookAlikes(std::string_view text);
+
 } // namespace skyvert

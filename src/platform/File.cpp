@@ -269,4 +269,17 @@ bool syncFolder(const fs::path& folder) {
 
 #endif
 
+std::optional<std::size_t> File::fill(char* target, std::size_t count) {
+    std::size_t filled = 0;
+    while (filled < count) {
+        const std::ptrdiff_t taken = read(target + filled, count - filled);
+        if (taken < 0)
+            return std::nullopt;
+        if (taken == 0)
+            break;
+        filled += static_cast<std::size_t>(taken);
+    }
+    return filled;
+}
+
 } // namespace skyvert

@@ -57,6 +57,10 @@ public:
     /// Reads at most `count` bytes. Returns how many there were, 0 at the end, below 0 on failure.
     std::ptrdiff_t read(char* target, std::size_t count);
 
+    /// Reads until there are `count` bytes or the file ends. Returns how many there were, or
+    /// nothing on failure.
+    std::optional<std::size_t> fill(char* target, std::size_t count);
+
     /// Writes all the bytes. False when a part of them could not be written.
     bool write(std::string_view bytes);
 

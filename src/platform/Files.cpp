@@ -57,19 +57,16 @@ std::optional<std::string> readWholeFile(const fs::path& file) {
         return std::nullopt;
     // The size is a hint only: some files of the system's own tell none.
     std::string bytes(std::max<std::uintmax_t>(kReadSize, *size + 1), '\0');
-    std::size_t count = 0;
-    for (;;) {
-        const std::ptrdiff_t read = opened.read(bytes.data() + count, bytes.size() - count);
-        if (read < 0)
+    for (std::size_t count = 0;; bytes.resize(2 * count)) {
+        const auto filled = opened.fill(bytes.data() + count, bytes.size() - count);
+        if (!filled)
             return std::nullopt;
-        if (read == 0)
-            break;
-        count += static_cast<std::size_t>(read);
-        if (count == bytes.size())
-            bytes.resize(2 * count);
+        count += *filled;
+        if (count < bytes.size()) {
+            bytes.resize(count);
+            return bytes;
+        }
     }
-    bytes.resize(count);
-    return bytes;
 }
 
 bool writeWholeFile(const fs::path& file, std::string_view bytes) {

@@ -174,10 +174,7 @@ void PopupMenuView::wheelEvent(QWheelEvent* event) {
 
 TextFieldView::TextFieldView(TextField& control, const Desktop& desktop, QWidget* parent)
     : WidgetView(control, desktop, parent) {
-    setFold([](std::string_view text) {
-        std::string storage;
-        return std::string(foldLookAlikes(text, storage));
-    });
+    setFold([](std::string_view text) { return foldedLookAlikes(text); });
     setFit([this](std::string_view text) { return fitToMask(text, this->control().mask()); });
     setPasteHandler([this](std::string_view text) {
         const auto isTaken = std::make_shared<bool>(false);

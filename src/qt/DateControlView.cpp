@@ -97,10 +97,7 @@ bool isBreak(Qt::FocusReason reason) {
 
 DateControlView::DateControlView(DateControl& control, const Desktop& desktop, QWidget* parent)
     : WidgetView(control, desktop, parent) {
-    setFold([](std::string_view text) {
-        std::string storage;
-        return std::string(foldLookAlikes(text, storage));
-    });
+    setFold([](std::string_view text) { return foldedLookAlikes(text); });
     setPlaceholderText(kCue);
     QAction* const calendar = addAction(arrowIcon(*this), TrailingPosition);
     calendar->setText("Calendar");

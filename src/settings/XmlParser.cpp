@@ -172,24 +172,6 @@ private:
 
 } // namespace
 
-namespace {
-
-/// Fills a block as far as the file goes. Returns the bytes read, or nothing when that failed.
-std::optional<std::size_t> readBlock(File& file, std::string& block) {
-    std::size_t size = 0;
-    while (size < block.size()) {
-        const std::ptrdiff_t read = file.read(block.data() + size, block.size() - size);
-        if (read < 0)
-            return std::nullopt;
-        if (read == 0)
-            break;
-        size += static_cast<std::size_t>(read);
-    }
-    return size;
-}
-
-} // namespace
-
 void parseXml(std::string_view text, XmlHandler& handler) {
     Parser parser(handler);
     for (; text.size() > kBlockSize; text.remove_prefix(kBlockSize))
@@ -204,7 +186,7 @@ bool parseXmlFile(const std::filesystem::path& file, XmlHandler& handler) {
     std::string block(kBlockSize, '\0');
     Parser parser(handler);
     for (;;) {
-        const std::optional<std::size_t> size = readBlock(opened, block);
+        const std::optional<std::size_t> size = opened.fill(block.data(), block.size());
         if (!size)
             return false;
         parser.feed(std::string_view(block).substr(0, *size), *size < block.size());
