@@ -17,11 +17,11 @@ std::string changed(const EntryMask& mask, std::string shown, std::string_view i
     };
     const std::size_t first = take('[', take('|', 0));
     const std::size_t last = take(']', first);
-    std::optional<EntryText> entry =
-        insertion != "<" && insertion != ">" ? mask.replace(shown, first, last, insertion)
-        : first != last                      ? mask.erase(shown, first, last)
-        : insertion == "<"                   ? mask.eraseBefore(shown, first)
-                                             : mask.eraseAfter(shown, first);
+    std::optional<EntryText> entry = insertion != "<" && insertion != ">"
+                                         ? mask.replace(shown, first, last, insertion)
+                                     : first != last    ? mask.erase(shown, first, last)
+                                     : insertion == "<" ? mask.eraseBefore(shown, first)
+                                                        : mask.eraseAfter(shown, first);
     if (!entry)
         return "refused";
     return entry->text.insert(Left(entry->text, entry->caret).size(), "|");

@@ -1,4 +1,5 @@
 #include "epochs/JulianDate.h"
+
 #include "support/Table.h"
 
 namespace skyvert::julian_date_test {

@@ -1,4 +1,5 @@
 #include "epochs/Precession.h"
+
 #include "support/Table.h"
 
 #include <cmath>
@@ -29,7 +30,9 @@ TEST(Precession, AgreesWithAnIndependentImplementation) {
     const auto rows = table<6>("erfa_prec76");
     for (const auto& [from, to, ra, dec, raOut, decOut] : rows)
         EXPECT_LT(separation(ConvertEpoch(number(from), number(to), {number(ra), number(dec)}),
-                             {number(raOut), number(decOut)}), 0.5) << ra << ' ' << dec;
+                             {number(raOut), number(decOut)}),
+                  0.5)
+            << ra << ' ' << dec;
     EXPECT_EQ(rows.size(), 40U);
 }
 

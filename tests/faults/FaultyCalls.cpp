@@ -41,7 +41,9 @@ void armFault(const Fault& armed) {
     calls = 0;
 }
 
-bool faultCame() { return calls >= fault.call; }
+bool faultCame() {
+    return calls >= fault.call;
+}
 
 #define SKYVERT_FAULTY(result, name, parameters, arguments)                                        \
     extern "C" result name parameters {                                                            \

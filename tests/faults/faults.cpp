@@ -1,6 +1,6 @@
-// faults                    every file call of a save, of a start after one that was cut short, and of
-//                           an export fails in turn and is the end of the process in turn: no list
-//                           may be lost
+// faults                    every file call of a save, of a start after one that was cut short, and
+//                           of an export fails in turn and ends the process in turn: no list may be
+//                           lost
 // faults save|export PATH N TEXT   writes N rows of a text into the folder PATH
 // faults saved|exported PATH N     the text that all of N rows have there; "none", or "lost"
 
@@ -23,7 +23,9 @@ namespace {
 
 constexpr int kRows = 200;
 
-Preferences settings(const fs::path& folder) { return {folder, "", "Preferences.xml"}; }
+Preferences settings(const fs::path& folder) {
+    return {folder, "", "Preferences.xml"};
+}
 
 void save(const fs::path& folder, const std::string& text, int rows = kRows) {
     Preferences preferences = settings(folder);
@@ -58,20 +60,41 @@ std::string exported(const fs::path& folder, int rows = 100 * kRows) {
 
 struct Scenario {
     const char* name;
-    const char* allowed;                     ///< the texts that may be there after the fault
+    const char* allowed; ///< the texts that may be there after the fault
     void (*prepare)(const fs::path& folder);
-    void (*act)(const fs::path& folder);     ///< meets the fault
+    void (*act)(const fs::path& folder); ///< meets the fault
     std::string (*outcome)(const fs::path& folder);
 };
 
-std::string savedRows(const fs::path& folder) { return saved(folder); }
-std::string exportedRows(const fs::path& folder) { return exported(folder); }
+std::string savedRows(const fs::path& folder) {
+    return saved(folder);
+}
+
+std::string exportedRows(const fs::path& folder) {
+    return exported(folder);
+}
+
 void nothing(const fs::path&) {}
-void saveOld(const fs::path& folder) { save(folder, "old"); }
-void saveNew(const fs::path& folder) { save(folder, "new"); }
-void exportOld(const fs::path& folder) { exportRows(folder, "old"); }
-void exportNew(const fs::path& folder) { exportRows(folder, "new"); }
-void start(const fs::path& folder) { settings(folder).Close(); }
+
+void saveOld(const fs::path& folder) {
+    save(folder, "old");
+}
+
+void saveNew(const fs::path& folder) {
+    save(folder, "new");
+}
+
+void exportOld(const fs::path& folder) {
+    exportRows(folder, "old");
+}
+
+void exportNew(const fs::path& folder) {
+    exportRows(folder, "new");
+}
+
+void start(const fs::path& folder) {
+    settings(folder).Close();
+}
 
 void saveThroughLink(const fs::path& folder) {
     fs::create_symlink("target", folder / "Preferences.xml");

@@ -17,7 +17,8 @@ void runAround(const std::string& bytes) {
     run(bytes);
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         run(bytes.substr(0, at));
-        for (const char byte : {'\0', ' ', '7', '-', '.', ':', 'h', '<', '&', '/', '\x7F', '\xC2'}) {
+        for (const char byte :
+             {'\0', ' ', '7', '-', '.', ':', 'h', '<', '&', '/', '\x7F', '\xC2'}) {
             std::string changed = bytes;
             changed[at] = byte;
             run(changed);

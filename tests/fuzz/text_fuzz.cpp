@@ -3,9 +3,9 @@
 //
 // An input's first byte selects the locale and the decimals; the rest is the text.
 
+#include "controls/EntryMask.h"
 #include "notation/LookAlikes.h"
 #include "notation/PastedPosition.h"
-#include "controls/EntryMask.h"
 #include "shell/EpochSelector.h"
 #include "support/Coordinates.h"
 #include "support/TestDesktop.h"
@@ -68,8 +68,8 @@ Readings convert(std::string_view text, RADecFormat& format) {
             (format.*coordinate.select)(notation);
             paste(text, format);
             const double value = (format.*coordinate.read)(text, error);
-            const bool inRange = coordinate.name == "RA" ? value >= 0 && value < 24
-                                                         : std::abs(value) <= 90;
+            const bool inRange =
+                coordinate.name == "RA" ? value >= 0 && value < 24 : std::abs(value) <= 90;
             require(!error.empty() || inRange);
             readings.emplace_back(std::bit_cast<std::uint64_t>(value), error);
             (format.*coordinate.read)((format.*coordinate.write)(value), error);

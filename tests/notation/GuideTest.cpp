@@ -7,8 +7,8 @@
 
 namespace skyvert::guide_test {
 
-/// The texts between backquotes in each row of the guide's table under a heading: notation, example,
-/// other texts that read alike.
+/// The texts between backquotes in each row of the guide's table under a heading: notation,
+/// example, other texts that read alike.
 std::vector<std::vector<std::string>> tableOfGuide(const std::string& heading) {
     static const std::regex pattern("`([^`]*)`");
     std::ifstream guide(SKYVERT_TEST_DATA "/../../docs/guide.md");

@@ -1,6 +1,6 @@
 #include "notation/LookAlikes.h"
-#include "support/Coordinates.h"
 #include "platform/Unicode.h"
+#include "support/Coordinates.h"
 #include "support/Table.h"
 
 #include <cmath>

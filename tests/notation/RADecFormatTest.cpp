@@ -1,4 +1,5 @@
 #include "notation/RADecFormat.h"
+
 #include "support/Table.h"
 
 namespace skyvert::radec_format_test {

@@ -1,8 +1,8 @@
 #include "platform/Files.h"
-#include "platform/TextInputStream.h"
-#include "platform/TextOutputStream.h"
 
 #include "platform/Text.h"
+#include "platform/TextInputStream.h"
+#include "platform/TextOutputStream.h"
 #include "support/Table.h"
 #include "support/TestDesktop.h"
 
@@ -88,7 +88,8 @@ TEST_F(TextFiles, RefusalsNameTheFileAndTheReason) {
         try {
             attempt(file);
         } catch (const FileError& error) {
-            return ReplaceAll(error.what(), "The file \"" + pathText(file) + "\" could not be ", "");
+            return ReplaceAll(error.what(), "The file \"" + pathText(file) + "\" could not be ",
+                              "");
         }
         return "none";
     };

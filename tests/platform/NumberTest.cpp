@@ -1,4 +1,5 @@
 #include "platform/Number.h"
+
 #include "support/Table.h"
 
 #include <cmath>
@@ -25,8 +26,8 @@ TEST(Number, CDblSkipsGroupingOnlyWhereTheLocalePutsIt) {
 TEST(Number, FixedTextIsTheDecimalNearestToTheExactValue) {
     std::array<char, kMaxFixedText> room;
     for (const auto& [value, decimals, width, text] : table<4>("fixed_text")) {
-        char* const end = writeFixed(room.data(), number(value), std::stoi(decimals),
-                                     std::stoi(width), ".");
+        char* const end =
+            writeFixed(room.data(), number(value), std::stoi(decimals), std::stoi(width), ".");
         EXPECT_EQ(std::string_view(room.data(), end), text);
     }
     const double largest = std::numeric_limits<double>::lowest();

@@ -1,4 +1,5 @@
 #include "platform/Text.h"
+
 #include "support/Table.h"
 
 namespace skyvert::text_test {

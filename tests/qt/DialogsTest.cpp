@@ -17,13 +17,15 @@ namespace skyvert::dialogs_test {
 
 struct DialogsTest : testing::Test {
     DialogsTest() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toQString(folder.path().string()));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                           toQString(folder.path().string()));
     }
 
     /// Does something with the next dialog, once it is open.
     template <typename Dialog>
     static void next(std::function<void(Dialog&)> act) {
-        QTimer::singleShot(0, [act] { act(dynamic_cast<Dialog&>(*QApplication::activeModalWidget())); });
+        QTimer::singleShot(
+            0, [act] { act(dynamic_cast<Dialog&>(*QApplication::activeModalWidget())); });
     }
 
     TemporaryFolder folder;
@@ -32,7 +34,8 @@ struct DialogsTest : testing::Test {
 
 TEST_F(DialogsTest, TheProposedNameOutlivesTheChoiceOfATypeAndASuffixIsAddedOnlyWhereNoneIsTyped) {
     dialogs.StartIn(folder.path());
-    for (const auto& [typed, saved] : {std::pair("list.txt", "list.txt"), {"M31", "M31.txt"}, {"M31.tsv", "M31.tsv"}}) {
+    for (const auto& [typed, saved] :
+         {std::pair("list.txt", "list.txt"), {"M31", "M31.txt"}, {"M31.tsv", "M31.tsv"}}) {
         std::string types;
         next<QFileDialog>([&](QFileDialog& dialog) {
             auto& types_ = *dialog.findChild<QComboBox*>("fileTypeCombo");

@@ -78,8 +78,10 @@ TEST(ListView, FilesDroppedOnTheWindowAreImportedInTheirTurn) {
     writeWholeFile(shown.settings / "first.tsv", "1\t2\n");
     writeWholeFile(shown.settings / "second.tsv", "3\t4\n5\t6\n");
     dragged.setUrls(urls);
-    QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
+                          Qt::NoModifier);
+    QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
+                    Qt::NoModifier);
     for (const char* dialect : {"Space-separated", "Tab-separated"}) {
         shown.window.fileFormat.setValue(dialect);
         QApplication::sendEvent(shown.find("raManual"), &enter);

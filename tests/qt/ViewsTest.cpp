@@ -88,9 +88,18 @@ TEST(Views, ADateTypedWholeArrivesAndAnImpossibleOneStaysInRed) {
     };
     const auto leave = [&] { shown.find("raManual")->setFocus(); };
     const std::function<void()> entries[] = {
-        [&] { popup.setFocus(); QTest::keyClick(&popup, Qt::Key_Tab); },
-        [&] { QTest::mouseClick(&date, Qt::LeftButton, {}, {30, 5}); },
-        [&] { date.setFocus(); date.deselect(); QTest::keySequence(&date, QKeySequence::SelectAll); }};
+        [&] {
+            popup.setFocus();
+            QTest::keyClick(&popup, Qt::Key_Tab);
+        },
+        [&] {
+            QTest::mouseClick(&date, Qt::LeftButton, {}, {30, 5});
+        },
+        [&] {
+            date.setFocus();
+            date.deselect();
+            QTest::keySequence(&date, QKeySequence::SelectAll);
+        }};
     for (const auto& enter : entries)
         for (const bool byReturn : {true, false}) {
             shown.window.toEpoch.epochDate.setDateValue(Date(1987, 3, 15));
@@ -140,7 +149,9 @@ TEST(Views, WhatAssistiveTechnologyWritesIsEnteredAndItReadsTheVerdict) {
     auto& ra = *shown.find<QLineEdit>("raManual");
     auto* const accessible = QAccessible::queryAccessibleInterface(&ra);
     const std::array<const char*, 3> writings[] = {
-        {"", "", "HH MM: No data!"}, {"12\u00A031.5", "12 31.5", "HH MM"}, {"x", "x", "HH MM"},
+        {"", "", "HH MM: No data!"},
+        {"12\u00A031.5", "12 31.5", "HH MM"},
+        {"x", "x", "HH MM"},
         {"31:00", "31 00", "HH MM: Hours must be non-negative and less than 24"}};
     for (const auto& [written, text, description] : writings) {
         accessible->editableTextInterface()->replaceText(0, int(ra.text().size()), written);

@@ -32,8 +32,9 @@ struct PreferencesTest : testing::Test {
 
 TEST_F(PreferencesTest, OnlyADifferentValueCountsAsAChange) {
     const std::tuple<Variant, Variant, bool> cases[] = {
-        {"Text", "Text", false}, {"Text", "text", true}, {true, std::int64_t{1}, true},
-        {std::int32_t{3}, std::int64_t{3}, false}, {std::int32_t{3}, "3", true}, {{}, {}, false}};
+        {"Text", "Text", false},       {"Text", "text", true},
+        {true, std::int64_t{1}, true}, {std::int32_t{3}, std::int64_t{3}, false},
+        {std::int32_t{3}, "3", true},  {{}, {}, false}};
     EXPECT_TRUE(store({}));
     EXPECT_TRUE(open().Value("key", "default").isNil());
     EXPECT_EQ(open().Value("Key", "other").stringValue(), "other");
@@ -53,11 +54,17 @@ TEST_F(PreferencesTest, AWholeCopyIsTheNewestAndWhatIsNoGoodCountsAsAbsent) {
     };
     const std::string old = document("1.1", "old"), whole = document("1.1", "copy");
     const std::string tooNew = document("1.2", "copy"), cut = whole.substr(0, whole.size() - 1);
-    const struct { std::string file, copy; std::string_view value; std::string after; bool stays; }
-    cases[] = {{"", cut, "default", "", false}, {cut, "", "default", cut, false},
-               {tooNew, "", "default", tooNew, false}, {old, cut, "old", old, false},
-               {old, tooNew, "old", old, true}, {old, whole, "copy", whole, false},
-               {"", whole, "copy", whole, false}};
+
+    const struct {
+        std::string file, copy;
+        std::string_view value;
+        std::string after;
+        bool stays;
+    } cases[] = {{"", cut, "default", "", false},        {cut, "", "default", cut, false},
+                 {tooNew, "", "default", tooNew, false}, {old, cut, "old", old, false},
+                 {old, tooNew, "old", old, true},        {old, whole, "copy", whole, false},
+                 {"", whole, "copy", whole, false}};
+
     fs::create_directories(folder_);
     for (const auto& [file, copy, value, after, stays] : cases) {
         ASSERT_TRUE(writeWholeFile(file_, file) && writeWholeFile(copy_, copy));

@@ -40,24 +40,35 @@ TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
         std::string xmldict;
         std::string plist = xmldict;
     } cases[] = {
-        {{}, "<null/>", "<false/>"}, {std::int32_t{-7}, "<integer>-7</integer>"},
+        {{}, "<null/>", "<false/>"},
+        {std::int32_t{-7}, "<integer>-7</integer>"},
         {std::numeric_limits<std::int64_t>::min(), "<integer>-9223372036854775808</integer>"},
-        {0.1F, "<real>.100000001490116</real>"}, {0.0, "<real>.0</real>"}, {2.0, "<real>2.0</real>"},
-        {-1.25, "<real>-1.25</real>"}, {2.0 / 3.0, "<real>.666666666666667</real>"},
-        {1e22, "<real>10000000000000000000000.0</real>"}, {"", "<string/>"}, {true, "<true/>"},
+        {0.1F, "<real>.100000001490116</real>"},
+        {0.0, "<real>.0</real>"},
+        {2.0, "<real>2.0</real>"},
+        {-1.25, "<real>-1.25</real>"},
+        {2.0 / 3.0, "<real>.666666666666667</real>"},
+        {1e22, "<real>10000000000000000000000.0</real>"},
+        {"", "<string/>"},
+        {true, "<true/>"},
         {DateValue{2000, 2, 29, 12, 5, 9}, "<date>2000-02-29 12:05:09</date>"},
         {"a\tb <&> \"'\r\n", "<string>a\tb &lt;&amp;&gt; \"'&#13;\n</string>"},
         {"sixteen is plain\0\x1F|\u00E9|\xE9|\x80|\xEF\xBF\xBF|\xED\xA0\x80"s,
-         "<string>sixteen is plain\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>"},
-        {"plain for sixteen, but \xE9 in the rest", "<string>plain for sixteen, but \u00E9 in the rest</string>"},
+         "<string>sixteen is "
+         "plain\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>"},
+        {"plain for sixteen, but \xE9 in the rest",
+         "<string>plain for sixteen, but \u00E9 in the rest</string>"},
         {Color{0x00FF8040}, "<color>#FF8040</color>", "<false/>"},
         {Color{0xFFAB0012}, "<color>#FFAB0012</color>", "<false/>"},
-        {Color{}, "<color>#0</color>", "<false/>"}, {std::make_shared<Object>(), "<null/>", "<false/>"},
+        {Color{}, "<color>#0</color>", "<false/>"},
+        {std::make_shared<Object>(), "<null/>", "<false/>"},
         {std::make_shared<FolderItem>("/a"), "<file>\n\tL2E=\n\t</file>", "<false/>"},
-        {block(""), "<data>\n\t</data>"}, {block("\xFF\xFE"), "<data>\n\t//4=\n\t</data>"},
+        {block(""), "<data>\n\t</data>"},
+        {block("\xFF\xFE"), "<data>\n\t//4=\n\t</data>"},
         {block("The quick brown fox jumps over the la"),
          "<data>\n\tVGhlIHF1aWNrIGJyb3duIGZveCBqdW1wcyBvdmVyIHRoZ\n\tSBsYQ==\n\t</data>"},
-        {dictionary({}), "<dict>\n\t</dict>"}, {collection({"a", collection({})}),
+        {dictionary({}), "<dict>\n\t</dict>"},
+        {collection({"a", collection({})}),
          "<array>\n\t\t<string>a</string>\n\t\t<array>\n\t\t</array>\n\t</array>"},
         {dictionary({{"k", block("abc")}}),
          "<dict>\n\t\t<key>k</key>\n\t\t<data>\n\t\tYWJj\n\t\t</data>\n\t</dict>"}};
@@ -134,11 +145,10 @@ TEST(XMLDictionaryReader, ADocumentIsReadInItsEncodingByTheTableOfElementsOrChan
     for (const std::string& text :
          {utf16(good), utf16(good, true), utf16(good).substr(2), utf16(declared, true)})
         documents.push_back({text, "{\U0001F52D=true}"});
-    for (const std::string& text :
-         {utf16(u"<d>\x01</d>"), utf16(u"<d/>x"), utf16(u"<d/>") + "\n",
-          utf16(u"<?xml version='1.0' encoding='ISO-8859-1'?><d/>"), utf16(u"<d a='\xD83Dx'/>"),
-          utf16(u"<d a='\xD83Dx'/>", true), utf16(u"<d a='\xDD2Dx'/>"),
-          utf16(u"<d a='\xDD2Dx'/>", true)})
+    for (const std::string& text : {utf16(u"<d>\x01</d>"), utf16(u"<d/>x"), utf16(u"<d/>") + "\n",
+                                    utf16(u"<?xml version='1.0' encoding='ISO-8859-1'?><d/>"),
+                                    utf16(u"<d a='\xD83Dx'/>"), utf16(u"<d a='\xD83Dx'/>", true),
+                                    utf16(u"<d a='\xDD2Dx'/>"), utf16(u"<d a='\xDD2Dx'/>", true)})
         documents.push_back({text, "refused"});
     for (const auto& [document, value] : documents) {
         EXPECT_EQ(read(document), value) << document;
@@ -148,7 +158,8 @@ TEST(XMLDictionaryReader, ADocumentIsReadInItsEncodingByTheTableOfElementsOrChan
 }
 
 TEST(XMLDictionaryReader, WhatIsReadIsAddedToADictionaryThatHoldsSomething) {
-    const std::string document = "<d><key>old</key><dict><key>b</key><true/></dict><key>a</key><null/></d>";
+    const std::string document =
+        "<d><key>old</key><dict><key>b</key><true/></dict><key>a</key><null/></d>";
     XmlDocument tree;
     tree.LoadXml(document);
     for (const bool fromTree : {false, true}) {
@@ -167,7 +178,8 @@ TEST(XMLDictionary, AFileOfManyBlocksReadsBack) {
         text += "\u20AC\U0001F52D";
     const auto read = std::make_shared<Dictionary>();
     EXPECT_FALSE(LoadXML(read, folder / "file") || LoadXML(read, folder / "."));
-    EXPECT_TRUE(SaveXML(dictionary({{"k", text}}), folder / "file", true) && LoadXML(read, folder / "file"));
+    EXPECT_TRUE(SaveXML(dictionary({{"k", text}}), folder / "file", true) &&
+                LoadXML(read, folder / "file"));
     EXPECT_EQ(StorageByKey(read, "k").string(), text);
 }
 

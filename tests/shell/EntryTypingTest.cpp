@@ -8,7 +8,9 @@
 
 namespace skyvert::entry_typing_test {
 
-bool isSeparator(char c) { return (c < '0' || c > '9') && c != '+' && c != '-'; }
+bool isSeparator(char c) {
+    return (c < '0' || c > '9') && c != '+' && c != '-';
+}
 
 /// Whether a rendered text can be typed with and without its separators, be pasted, and have each
 /// digit and the sign deleted and typed again.

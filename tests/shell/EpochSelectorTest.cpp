@@ -1,4 +1,5 @@
 #include "shell/EpochSelector.h"
+
 #include "support/Table.h"
 #include "support/TestDesktop.h"
 
@@ -33,8 +34,7 @@ TEST_F(EpochSelectorTest, RefusesADamagedTextAndChangesNothing) {
     auto damaged = table<1>("damaged_epochs");
     damaged.push_back({std::string(300'000, '[')});
     for (const auto& [stored] : damaged)
-        EXPECT_THROW(selector.setSerialised(stored), std::invalid_argument)
-            << stored.substr(0, 40);
+        EXPECT_THROW(selector.setSerialised(stored), std::invalid_argument) << stored.substr(0, 40);
     EXPECT_EQ(selector.serialised(), R"({"epochPopup":0,"epochDate":"2000-01-01"})");
     EXPECT_FALSE(selector.epoch() || selector.epochDate.visible());
     EXPECT_EQ(selector.epochYear(), 0.0);

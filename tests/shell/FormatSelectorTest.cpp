@@ -1,4 +1,5 @@
 #include "shell/FormatSelector.h"
+
 #include "support/TestDesktop.h"
 
 #include <gtest/gtest.h>

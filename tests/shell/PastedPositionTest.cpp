@@ -1,6 +1,7 @@
 #include "notation/PastedPosition.h"
-#include "notation/RADecFormat.h"
+
 #include "controls/EntryMask.h"
+#include "notation/RADecFormat.h"
 #include "support/Table.h"
 
 namespace skyvert::pasted_position_test {
@@ -26,8 +27,10 @@ TEST(PastedPosition, OneCoordinateIsPutIntoTheShapeOfTheMaskWhereItsMeaningIsPla
 TEST(PastedPosition, APairIsCutWhereBothHalvesAreWhole) {
     for (const auto& [raNotation, decNotation, pasted, ra, dec] : table<5>("pasted_pairs")) {
         const RADecFormat format = formatOf(raNotation, decNotation);
-        EXPECT_EQ(splitPosition(pasted, format.RAMask(), format.DecMask()).value_or(PositionTexts{}),
-                  (PositionTexts{ra, dec})) << raNotation << pasted;
+        EXPECT_EQ(
+            splitPosition(pasted, format.RAMask(), format.DecMask()).value_or(PositionTexts{}),
+            (PositionTexts{ra, dec}))
+            << raNotation << pasted;
     }
 }
 

@@ -11,7 +11,9 @@ std::size_t count = 0;
 
 } // namespace
 
-std::size_t allocationCount() { return count; }
+std::size_t allocationCount() {
+    return count;
+}
 
 void* operator new(std::size_t size) {
     ++count;
@@ -20,6 +22,10 @@ void* operator new(std::size_t size) {
     throw std::bad_alloc();
 }
 
-void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
 
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}

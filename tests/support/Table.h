@@ -67,6 +67,8 @@ inline Date date(const std::string& cell) {
     return date;
 }
 
-inline double number(const std::string& cell) { return std::strtod(cell.c_str(), nullptr); }
+inline double number(const std::string& cell) {
+    return std::strtod(cell.c_str(), nullptr);
+}
 
 } // namespace skyvert

@@ -1,4 +1,5 @@
 #include "workspace/DelimitedText.h"
+
 #include "support/Table.h"
 
 namespace skyvert::delimited_text_test {

@@ -121,8 +121,7 @@ TEST_F(ImportExportTest, StoppedWorkKeepsTheRowsSoFarAndTheOldFile) {
 
 TEST_F(ImportExportTest, WantOfMemoryIsToldInWords) {
     dispatch(dialogs, [] { throw std::bad_alloc(); });
-    EXPECT_EQ(dialogs.messages,
-              "There is not enough memory to finish this.|");
+    EXPECT_EQ(dialogs.messages, "There is not enough memory to finish this.|");
 }
 
 TEST_F(ImportExportTest, NothingIsDoneForAWindowThatClosedBehindItsDialog) {

@@ -52,8 +52,8 @@ std::string state(const TestWindow& program, const MainWindow& main) {
 TEST_F(SaveRestoreTest, AFirstStartHasTheDefaultsAndStoresThemAll) {
     run([this](TestWindow& program, MainWindow& main) {
         EXPECT_EQ(state(program, main),
-                  "0 0 550 HH MM\t+DD MM\tN\t1\t1\nHH MM SS\t+DD MM SS\tN\t1\t0\n"
-                  + kTwice + "\nTab-separated Tab-separated masked ");
+                  "0 0 550 HH MM\t+DD MM\tN\t1\t1\nHH MM SS\t+DD MM SS\tN\t1\t0\n" + kTwice +
+                      "\nTab-separated Tab-separated masked ");
         EXPECT_FALSE(main.ClearListButton.enabled());
         EXPECT_EQ(stored(), "no file");
         program.window->close();
@@ -146,8 +146,8 @@ TEST_F(SaveRestoreTest, WhatIsDamagedGivesDefaultsWithoutAWord) {
         edit(from, to);
     run([](TestWindow& program, MainWindow& main) {
         EXPECT_EQ(state(program, main),
-                  "0 0 550 HH:MM\t+DD MM\tN\t1\t1\nHH MM SS\t\tN\t1\t0\n"
-                  + kTwice + "\n Tab-separated masked 00:00.0|+01 00.0|;00:00.0|+00 00.0|;");
+                  "0 0 550 HH:MM\t+DD MM\tN\t1\t1\nHH MM SS\t\tN\t1\t0\n" + kTwice +
+                      "\n Tab-separated masked 00:00.0|+01 00.0|;00:00.0|+00 00.0|;");
         EXPECT_EQ(main.list.Cell(1, 3), "Unknown format!");
         EXPECT_EQ(program.machine.dialogs.messages, "");
     });
