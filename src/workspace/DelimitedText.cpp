@@ -9,14 +9,15 @@ namespace skyvert {
 
 namespace {
 
-constexpr char kTab = '\t';
 constexpr char kSpace = ' ';
 constexpr char kComma = ',';
 constexpr char kQuote = '"';
 
-/// In the order of `Dialect`, `None` left out.
-constexpr std::array<std::string_view, 3> kDialectNames{"Tab-separated", "Comma-separated",
-                                                        "Space-separated"};
+constexpr std::array<Dialect, 3> kDialects{{
+    {"Tab-separated", '\t'},
+    {"Comma-separated", kComma, true},
+    {"Space-separated", kSpace},
+}};
 
 /// Appends a field with every double quote doubled.
 void appendDoubled(std::string_view field, std::string& line) {
@@ -47,22 +48,18 @@ void appendJoined(std::span<const std::string_view> fields, char separator, std:
     }
 }
 
-void appendPlain(std::span<const std::string_view> fields, char separator, std::string& line) {
-    appendJoined(fields, separator, line, [&line](std::string_view field) { line += field; });
-}
-
 } // namespace
 
-Dialect dialectNamed(std::string_view name) {
-    for (std::size_t i = 0; i < kDialectNames.size(); ++i) {
-        if (equalsIgnoringCase(kDialectNames[i], name))
-            return static_cast<Dialect>(i + 1);
-    }
-    return Dialect::None;
+std::span<const Dialect> dialects() {
+    return kDialects;
 }
 
-std::span<const std::string_view> dialectNames() {
-    return kDialectNames;
+const Dialect* dialectNamed(std::string_view name) {
+    const auto* const found =
+        std::find_if(kDialects.begin(), kDialects.end(), [name](const Dialect& dialect) {
+            return equalsIgnoringCase(dialect.name, name);
+        });
+    return found == kDialects.end() ? nullptr : found;
 }
 
 std::span<const std::string> CommaSeparatedText::SplitCommaSeparated(std::string_view line) {
@@ -122,21 +119,15 @@ std::string_view LineSplitter::withBlanksHalved(std::string_view line) {
     return halved_;
 }
 
-std::span<const std::string_view> LineSplitter::split(std::string_view line, Dialect dialect) {
+std::span<const std::string_view> LineSplitter::split(std::string_view line,
+                                                      const Dialect& dialect) {
     fields_.clear();
-    switch (dialect) {
-    case Dialect::Tab:
-        Split(line, kTab, fields_);
-        break;
-    case Dialect::Space:
-        Split(withBlanksHalved(line), kSpace, fields_);
-        break;
-    case Dialect::Comma:
+    if (dialect.quoted) {
         for (const std::string& field : comma_.SplitCommaSeparated(line))
             fields_.emplace_back(field);
-        break;
-    case Dialect::None:
-        break;
+    } else {
+        const bool byBlanks = dialect.separator == kSpace;
+        Split(byBlanks ? withBlanksHalved(line) : line, dialect.separator, fields_);
     }
     return fields_;
 }
@@ -148,20 +139,13 @@ void JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll,
     });
 }
 
-void appendRecord(std::span<const std::string_view> fields, Dialect dialect, std::string& line) {
-    switch (dialect) {
-    case Dialect::Tab:
-        appendPlain(fields, kTab, line);
-        break;
-    case Dialect::Space:
-        appendPlain(fields, kSpace, line);
-        break;
-    case Dialect::Comma:
+void appendRecord(std::span<const std::string_view> fields, const Dialect& dialect,
+                  std::string& line) {
+    if (dialect.quoted)
         JoinCommaSeparated(fields, false, line);
-        break;
-    case Dialect::None:
-        break;
-    }
+    else
+        appendJoined(fields, dialect.separator, line,
+                     [&line](std::string_view field) { line += field; });
 }
 
 } // namespace skyvert

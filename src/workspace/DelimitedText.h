@@ -7,14 +7,18 @@
 
 namespace skyvert {
 
-/// How the fields of a record stand in one line of a delimited text file.
-enum class Dialect { None, Tab, Comma, Space };
+/// How the fields of a record are written in one line of a delimited text file.
+struct Dialect {
+    std::string_view name; ///< the row of the popups that choose a dialect
+    char separator;        ///< a blank: two of them separate like one
+    bool quoted = false;   ///< comma-separated text, in which fields may be quoted
+};
 
-/// The dialect that a popup's row names, ignoring letter case; `None` for any other text.
-Dialect dialectNamed(std::string_view name);
+/// All dialects, in the order of the popups' rows.
+std::span<const Dialect> dialects();
 
-/// The rows of the popups that choose a dialect, in their order.
-std::span<const std::string_view> dialectNames();
+/// The dialect with this name, ignoring letter case; null for any other text.
+const Dialect* dialectNamed(std::string_view name);
 
 /// Splits lines of comma-separated text. Keeps the fields of the last line, so that a line equal
 /// to the one before, ignoring letter case, is not scanned again, and so that the room of the
@@ -42,9 +46,8 @@ private:
 /// grown to the longest one.
 class LineSplitter {
 public:
-    /// The fields of a line, valid until the next call and as long as the line is; none for
-    /// `Dialect::None`.
-    std::span<const std::string_view> split(std::string_view line, Dialect dialect);
+    /// The fields of a line, valid until the next call and as long as the line is.
+    std::span<const std::string_view> split(std::string_view line, const Dialect& dialect);
 
 private:
     std::string_view withBlanksHalved(std::string_view line);
@@ -58,7 +61,8 @@ private:
 /// holds a comma or a double quote; double quotes inside are doubled.
 void JoinCommaSeparated(std::span<const std::string_view> fields, bool quoteAll, std::string& line);
 
-/// Appends a record in a dialect to `line`; nothing for `Dialect::None`.
-void appendRecord(std::span<const std::string_view> fields, Dialect dialect, std::string& line);
+/// Appends a record in a dialect to `line`.
+void appendRecord(std::span<const std::string_view> fields, const Dialect& dialect,
+                  std::string& line);
 
 } // namespace skyvert

@@ -83,11 +83,13 @@ std::string MainWindow::importFiles(std::span<const std::filesystem::path> files
 bool MainWindow::importFile(const std::filesystem::path& file, RowWork& work,
                             const std::function<double(double)>& ofAll) {
     TextInputStream stream = TextInputStream::Open(file);
+    const Dialect* const dialect = dialectNamed(fileFormat.value());
     const auto fraction = [&] { return ofAll(stream.fractionRead()); };
     bool goesOn = true;
     while (goesOn && !stream.endOfFile()) {
         const std::string_view line = stream.ReadLine();
-        importLine(line);
+        if (dialect != nullptr)
+            importLine(line, *dialect);
         goesOn = work.rowDone(fraction, line.size());
         while (goesOn && stream.skipPiece())
             goesOn = work.bytesDone(fraction, TextInputStream::kPieceSize);
@@ -96,9 +98,9 @@ bool MainWindow::importFile(const std::filesystem::path& file, RowWork& work,
     return goesOn;
 }
 
-/// Adds the position in one line of a file; what stands behind the second field is ignored.
-void MainWindow::importLine(std::string_view line) {
-    const auto fields = lines_.split(line, dialectNamed(fileFormat.value()));
+/// Adds the position in one line of a file; fields after the second are ignored.
+void MainWindow::importLine(std::string_view line, const Dialect& dialect) {
+    const auto fields = lines_.split(line, dialect);
     if (holdsNothing(fields))
         return;
     const std::string_view dec = fields.size() > 1 ? fields[1] : std::string_view();
@@ -106,8 +108,9 @@ void MainWindow::importLine(std::string_view line) {
 }
 
 /// Tells the user when a popup's dialect separates by the very blanks that the notations hold.
-bool MainWindow::refusesSpaces(const Popup& dialect, const FormatSelector& format) {
-    if (dialectNamed(dialect.value()) != Dialect::Space || !format.ContainsSpaces())
+bool MainWindow::refusesSpaces(const Popup& popup, const FormatSelector& format) {
+    const Dialect* const dialect = dialectNamed(popup.value());
+    if (dialect == nullptr || dialect->separator != ' ' || !format.ContainsSpaces())
         return false;
     app_.desktop().dialogs.MsgBox("The file format is incompatible with the data format (i.e. the "
                                   "data contain spaces)!");

@@ -10,29 +10,31 @@ void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
     if (!file || isClosed())
         return;
     TextOutputStream stream = TextOutputStream::Create(*file);
-    RowWork work(app_.desktop().progress, "Exporting", StoppedBy::User);
-    for (std::int64_t row = -1; row < list.RowCount(); ++row) {
-        exportRow(row, stream);
-        if (!work.rowDone([&] { return partOf(row, list.RowCount()); }))
-            return; // the stream leaves the old file in its place
-    }
+    const Dialect* const dialect = dialectNamed(ListFormat.value());
+    // Without a dialect the file stays empty.
+    if (dialect != nullptr && !exportList(*dialect, stream))
+        return; // the stream leaves the old file in its place
     stream.Close();
     app_.desktop().dialogs.StartIn(file->parent_path());
 }
 
-/// Writes one row as one line; row -1 are the headings. Without a dialect nothing is written.
-void MainWindow::exportRow(std::int64_t row, TextOutputStream& stream) {
-    std::array<std::string_view, 4> fields;
-    for (std::size_t column = 0; column < fields.size(); ++column) {
-        const auto index = static_cast<std::int64_t>(column);
-        fields[column] = row < 0 ? std::string_view(list.Heading(index)) : list.Cell(row, index);
+/// Writes the headings, as row -1, and all rows, each as one line. Returns false when the user has
+/// stopped it.
+bool MainWindow::exportList(const Dialect& dialect, TextOutputStream& stream) {
+    RowWork work(app_.desktop().progress, "Exporting", StoppedBy::User);
+    std::vector<std::string_view> fields(static_cast<std::size_t>(list.ColumnCount()));
+    std::string line;
+    bool goesOn = true;
+    for (std::int64_t row = -1; goesOn && row < list.RowCount(); ++row) {
+        for (std::int64_t column = 0; column < list.ColumnCount(); ++column)
+            fields[static_cast<std::size_t>(column)] =
+                row < 0 ? list.Heading(column) : list.Cell(row, column);
+        line.clear();
+        appendRecord(fields, dialect, line);
+        stream.WriteLine(line);
+        goesOn = work.rowDone([&] { return partOf(row, list.RowCount()); });
     }
-    const Dialect dialect = dialectNamed(ListFormat.value());
-    if (dialect == Dialect::None)
-        return;
-    exportLine_.clear();
-    appendRecord(fields, dialect, exportLine_);
-    stream.WriteLine(exportLine_);
+    return goesOn;
 }
 
 } // namespace skyvert

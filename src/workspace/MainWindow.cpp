@@ -13,8 +13,8 @@ const ControlLayout& layoutRow(std::string_view name) {
 }
 
 void addDialects(Popup& popup) {
-    for (const std::string_view name : dialectNames())
-        popup.AddRow(name);
+    for (const Dialect& dialect : dialects())
+        popup.AddRow(dialect.name);
     popup.setListIndex(1);
 }
 

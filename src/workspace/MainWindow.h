@@ -127,9 +127,9 @@ private:
     std::string importFiles(std::span<const std::filesystem::path> files);
     bool importFile(const std::filesystem::path& file, RowWork& work,
                     const std::function<double(double)>& ofAll);
-    void importLine(std::string_view line);
-    void exportRow(std::int64_t row, TextOutputStream& stream);
-    bool refusesSpaces(const Popup& dialect, const FormatSelector& format);
+    void importLine(std::string_view line, const Dialect& dialect);
+    bool exportList(const Dialect& dialect, TextOutputStream& stream);
+    bool refusesSpaces(const Popup& popup, const FormatSelector& format);
     bool wantsSign(const TextField& field) const;
     void setMasked(TextField& field, std::string_view text) const;
     std::int64_t storedRowCount() const;
@@ -146,7 +146,6 @@ private:
     std::array<char, 4 * RADecFormat::kMaxText> cells_{};
     std::string foldedRA_;
     std::string foldedDec_;
-    std::string exportLine_;
 };
 
 } // namespace skyvert

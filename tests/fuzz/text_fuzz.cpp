@@ -29,14 +29,14 @@ void require(bool holds) {
 
 void splitLine(std::string_view line) {
     LineSplitter splitter;
-    for (const Dialect dialect : {Dialect::None, Dialect::Tab, Dialect::Comma, Dialect::Space}) {
+    for (const Dialect& dialect : dialects()) {
         const auto fields = splitter.split(line, dialect);
         std::string written;
         std::string quoted;
         appendRecord(fields, dialect, written);
         JoinCommaSeparated(fields, true, quoted);
         const std::vector<std::string> expected(fields.begin(), fields.end());
-        const auto again = splitter.split(quoted, Dialect::Comma);
+        const auto again = splitter.split(quoted, *dialectNamed("Comma-separated"));
         require(std::ranges::equal(expected, again));
     }
 }

@@ -8,7 +8,7 @@ TEST(DelimitedText, ReadsEveryDialect) {
     LineSplitter splitter;
     for (const auto& [dialect, line, expected] : table<3>("delimited_lines")) {
         std::string fields;
-        for (const std::string_view field : splitter.split(line, dialectNamed(dialect)))
+        for (const std::string_view field : splitter.split(line, *dialectNamed(dialect)))
             fields.append("[").append(field).append("]");
         EXPECT_EQ(fields, expected) << line;
     }
