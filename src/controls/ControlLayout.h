@@ -1,10 +1,11 @@
 #pragma once
 
-#include <span>
-#include <stdexcept>
 #include <string_view>
 
 namespace skyvert {
+
+class ContainerControl;
+class GroupBox;
 
 /// The sides of the window to which a control keeps its distance as the window changes size.
 enum Lock : unsigned { kLockLeft = 1, kLockTop = 2, kLockRight = 4, kLockBottom = 8 };
@@ -14,28 +15,23 @@ inline constexpr unsigned kLockBottomLeft = kLockLeft | kLockBottom;
 inline constexpr unsigned kLockAcross = kLockLeft | kLockTop | kLockRight;
 inline constexpr unsigned kLockAll = kLockLeft | kLockTop | kLockRight | kLockBottom;
 
-/// One row of a layout table: what a control is called and where it stands.
-/// Lengths are in points, with the origin at the top left of the window or of the composite.
+/// What a control is called and where it stands. Lengths are in points, with the origin at the top
+/// left of the window or of the composite.
 struct ControlLayout {
     std::string_view name;
-    std::string_view parent = {}; ///< name of the group box around it; empty for none
     int left = 0;
     int top = 0;
     int width = 0;
     int height = 0;
-    unsigned locks = kLockTopLeft;
-    int tabIndex = 0;           ///< order of the keyboard focus within the parent
     std::string_view text = {}; ///< caption, title or initial text
+    unsigned locks = kLockTopLeft;
 };
 
-/// The row of a control in its layout table. Throws `std::out_of_range` for a name not in it.
-constexpr const ControlLayout& layoutOf(std::span<const ControlLayout> table,
-                                        std::string_view name) {
-    for (const ControlLayout& row : table) {
-        if (row.name == name)
-            return row;
-    }
-    throw std::out_of_range("no such control in the layout");
-}
+/// A control's layout and its parents, see `ContainerControl::child`.
+struct Place {
+    ControlLayout layout;
+    ContainerControl* owner = nullptr; ///< the window or composite that holds it; null for none
+    const GroupBox* group = nullptr;   ///< the group box around it; null for none
+};
 
 } // namespace skyvert

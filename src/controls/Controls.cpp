@@ -4,6 +4,12 @@
 
 namespace skyvert {
 
+Control::Control(const Place& place)
+    : layout_(place.layout), group_(place.group), name_(place.layout.name) {
+    if (place.owner != nullptr)
+        place.owner->children_.push_back(this);
+}
+
 void Control::setView(ControlView* view) {
     view_ = view;
     refreshView();

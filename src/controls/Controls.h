@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -32,7 +33,8 @@ public:
 /// handles.
 class Control {
 public:
-    explicit Control(const ControlLayout& layout) : layout_(layout), name_(layout.name) {}
+    /// Joins the children of the owner that `place` names.
+    explicit Control(const Place& place);
 
     virtual ~Control() = default;
     Control(const Control&) = delete;
@@ -41,6 +43,9 @@ public:
     const std::string& name() const { return name_; }
 
     const ControlLayout& layout() const { return layout_; }
+
+    /// The group box around the control; null for none.
+    const GroupBox* group() const { return group_; }
 
     bool enabled() const { return enabled_; }
 
@@ -89,6 +94,7 @@ protected:
 
 private:
     ControlLayout layout_;
+    const GroupBox* group_;
     std::string name_;
     std::string helpTag_;
     bool enabled_ = true;
@@ -99,7 +105,7 @@ private:
 /// A text that the user reads.
 class Label : public Control {
 public:
-    explicit Label(const ControlLayout& layout) : Control(layout), text_(layout.text) {}
+    explicit Label(const Place& place) : Control(place), text_(place.layout.text) {}
 
     const std::string& text() const { return text_; }
 
@@ -112,7 +118,7 @@ private:
 /// A frame with a caption around other controls.
 class GroupBox : public Control {
 public:
-    explicit GroupBox(const ControlLayout& layout) : Control(layout), caption_(layout.text) {}
+    explicit GroupBox(const Place& place) : Control(place), caption_(place.layout.text) {}
 
     const std::string& caption() const { return caption_; }
 
@@ -125,7 +131,7 @@ private:
 /// A button that runs `Action` when it is pressed.
 class PushButton : public Control {
 public:
-    explicit PushButton(const ControlLayout& layout) : Control(layout), caption_(layout.text) {}
+    explicit PushButton(const Place& place) : Control(place), caption_(place.layout.text) {}
 
     const std::string& caption() const { return caption_; }
 
@@ -149,7 +155,7 @@ class CheckBox : public Control {
 public:
     enum class State { Unchecked = 0, Checked = 1, Mixed = 2 };
 
-    explicit CheckBox(const ControlLayout& layout) : Control(layout), caption_(layout.text) {}
+    explicit CheckBox(const Place& place) : Control(place), caption_(place.layout.text) {}
 
     const std::string& caption() const { return caption_; }
 
@@ -173,7 +179,7 @@ private:
 /// A field for one line of text.
 class TextField : public Control {
 public:
-    explicit TextField(const ControlLayout& layout) : Control(layout), text_(layout.text) {}
+    explicit TextField(const Place& place) : Control(place), text_(place.layout.text) {}
 
     const std::string& text() const { return text_; }
 
@@ -211,7 +217,7 @@ private:
 /// A list of rows of which one or none is selected.
 class PopupMenu : public Control {
 public:
-    explicit PopupMenu(const ControlLayout& layout) : Control(layout) {}
+    using Control::Control;
 
     std::int64_t ListCount() const { return static_cast<std::int64_t>(rows_.size()); }
 
@@ -242,7 +248,7 @@ private:
 /// A field that holds a calendar day at all times.
 class DateControl : public Control {
 public:
-    explicit DateControl(const ControlLayout& layout) : Control(layout) {}
+    using Control::Control;
 
     const Date& dateValue() const { return date_; }
 
@@ -256,7 +262,8 @@ private:
     Date date_{2000, 1, 1};
 };
 
-/// A control that is made of others, given in the order of their creation.
+/// A control that holds others. A member declared as `Label Label1{child({"Label1", ...})}` is a
+/// child; `children` lists them in the order of their declaration.
 class ContainerControl : public Control {
 public:
     using Control::Control;
@@ -267,9 +274,28 @@ public:
     void close() override;
 
 protected:
-    void setChildren(std::vector<Control*> children) { children_ = std::move(children); }
+    /// The place of a child, directly inside this control or inside one of its group boxes.
+    Place child(const ControlLayout& layout) { return {layout, this, nullptr}; }
+
+    Place child(const GroupBox& group, const ControlLayout& layout) {
+        return {layout, this, &group};
+    }
+
+    /// Makes a member function of the derived class the handler of an event. A handler that takes
+    /// no arguments suits every event.
+    template <typename Result, typename... Arguments, typename Owner, typename Handler>
+    void wire(std::function<Result(Arguments...)>& event, Handler Owner::*handler) {
+        event = [owner = static_cast<Owner*>(this), handler](Arguments... arguments) -> Result {
+            if constexpr (std::is_invocable_v<decltype(handler), Owner*>)
+                return std::invoke(handler, owner);
+            else
+                return std::invoke(handler, owner, std::forward<Arguments>(arguments)...);
+        };
+    }
 
 private:
+    friend Control::Control(const Place& place);
+
     std::vector<Control*> children_;
 };
 

@@ -4,8 +4,11 @@
 
 namespace skyvert {
 
-Listbox::Listbox(const ControlLayout& layout, std::vector<std::string> headings)
-    : Control(layout), headings_(std::move(headings)), rows_(headings_.size()) {}
+void Listbox::setColumns(std::vector<std::string> headings) {
+    headings_ = std::move(headings);
+    rows_ = RowStore(headings_.size());
+    DeleteAllRows();
+}
 
 void Listbox::AddRow(std::span<const std::string_view> cells) {
     rows_.append(cells);

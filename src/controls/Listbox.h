@@ -32,7 +32,10 @@ struct RowRange {
 /// its work in `refresh` but once, when the event loop turns.
 class Listbox : public Control {
 public:
-    Listbox(const ControlLayout& layout, std::vector<std::string> headings);
+    using Control::Control;
+
+    /// Replaces the columns and deletes all rows.
+    void setColumns(std::vector<std::string> headings);
 
     std::int64_t ColumnCount() const { return static_cast<std::int64_t>(headings_.size()); }
 
@@ -83,7 +86,7 @@ public:
 
 private:
     std::vector<std::string> headings_;
-    RowStore rows_;
+    RowStore rows_{0};
     std::vector<RowRange> selection_;
     std::uint64_t generation_ = 0;
 };

@@ -68,7 +68,7 @@ int lineAt(const std::vector<int>& lines, int offset) {
            1;
 }
 
-/// The rows and columns of a group box, read off the layout table.
+/// The rows and columns of a group box, read off its layout.
 class GroupGrid {
 public:
     explicit GroupGrid(const ShownControl& group) : group_(group) {
@@ -183,17 +183,14 @@ void fill(const ShownControl& composite) {
         layout->addWidget(member.widget);
 }
 
-ShownControl* find(std::vector<ShownControl>& shown, std::string_view name) {
-    const auto found = std::find_if(shown.begin(), shown.end(), [name](const ShownControl& entry) {
-        return entry.control->name() == name;
-    });
+ShownControl* find(std::vector<ShownControl>& shown, const Control* control) {
+    const auto found =
+        std::find_if(shown.begin(), shown.end(),
+                     [control](const ShownControl& entry) { return entry.control == control; });
     return found == shown.end() ? nullptr : &*found;
 }
 
-void collectTabStops(std::vector<ShownControl> controls, std::vector<QWidget*>& stops) {
-    std::stable_sort(controls.begin(), controls.end(), [](const auto& left, const auto& right) {
-        return left.control->layout().tabIndex < right.control->layout().tabIndex;
-    });
+void collectTabStops(const std::vector<ShownControl>& controls, std::vector<QWidget*>& stops) {
     for (const ShownControl& shown : controls) {
         if ((shown.widget->focusPolicy() & Qt::TabFocus) != 0)
             stops.push_back(shown.widget);
@@ -228,7 +225,7 @@ std::vector<ShownControl> showControls(const std::vector<Control*>& controls,
                                        const Desktop& desktop, QWidget* parent) {
     std::vector<ShownControl> shown;
     for (Control* const control : controls) {
-        ShownControl* const group = find(shown, control->layout().parent);
+        ShownControl* const group = find(shown, control->group());
         QWidget* const around = group == nullptr ? parent : group->widget;
         ShownControl entry{control, makeAnyView(*control, desktop, around), {}};
         if (const auto* const composite = dynamic_cast<ContainerControl*>(control)) {

@@ -16,17 +16,18 @@ struct ShownControl {
     std::vector<ShownControl> members;
 };
 
-/// Makes the views of controls, given in the order of their creation, inside `parent`. What a
-/// layout table puts into a group box stands inside that box, in rows and columns that are read
-/// off the table, so that a font of another size moves things apart instead of cutting them off.
+/// Makes the views of controls, given in the order of their creation, inside `parent`. The members
+/// of a group box stand inside that box, in rows and columns that are read off their layout, so
+/// that a font of another size moves things apart instead of cutting them off.
 std::vector<ShownControl> showControls(const std::vector<Control*>& controls,
                                        const Desktop& desktop, QWidget* parent);
 
-/// Leads the keyboard focus through the controls by their tab index, each parent in its turn.
+/// Leads the keyboard focus through the controls in the order of their creation, each group box
+/// and composite in its turn.
 void orderTabStops(const std::vector<ShownControl>& controls);
 
-/// An area whose widgets stand where the layout table puts them, and keep their distance to the
-/// sides that they are locked to. A point of the table is a pixel until another size is settled.
+/// An area whose widgets stand where their layout puts them, and keep their distance to the sides
+/// that they are locked to. A point is a pixel until another size is settled.
 class LockedPane final : public QWidget {
 public:
     /// `designSize` is that of the window in the table, in points.

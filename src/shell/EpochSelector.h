@@ -13,7 +13,7 @@ namespace skyvert {
 /// date. `EpochValue` decides what a choice means; this class shows it.
 class EpochSelector : public ContainerControl, private EpochView {
 public:
-    EpochSelector(const ControlLayout& layout, const Clock& clock, const Locale& locale);
+    EpochSelector(const Place& place, const Clock& clock, const Locale& locale);
 
     /// The caption of the frame.
     const std::string& title() const { return gbox.caption(); }
@@ -44,11 +44,13 @@ public:
     /// Runs when a choice of the user, or a restore, has changed the epoch.
     std::function<void(EpochSelector&, const Date&)> ValueChanged;
 
-    GroupBox gbox;
-    Label epochLabel;
-    Popup epochPopup;
-    Label dateLabel;
-    DateControl epochDate;
+    // clang-format off
+    GroupBox    gbox      {child({"gbox",               0,   0, 226, 102, "Untitled", kLockAll})};
+    Label       epochLabel{child(gbox, {"epochLabel",  20,  36,  42,  20, "Epoch:"})};
+    Popup       epochPopup{child(gbox, {"epochPopup",  74,  38, 134,  20})};
+    Label       dateLabel {child(gbox, {"dateLabel",   20,  68,  42,  20, "Date:"})};
+    DateControl epochDate {child(gbox, {"epochDate",   74,  67, 134,  23})};
+    // clang-format on
 
 private:
     void epochDate_Open();

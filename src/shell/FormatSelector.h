@@ -13,7 +13,7 @@ namespace skyvert {
 /// choice of locale for the decimal point, and a live example of the result.
 class FormatSelector : public ContainerControl {
 public:
-    FormatSelector(const ControlLayout& layout, const Locale& locale);
+    FormatSelector(const Place& place, const Locale& locale);
 
     /// The caption of the frame.
     const std::string& title() const { return gbox.caption(); }
@@ -26,6 +26,9 @@ public:
 
     /// Moves the controls to a record; raises no `FormatChanged`.
     void setFormat(const RADecFormat& format);
+
+    /// The same for the text form of a record.
+    void setFormat(std::string_view text) { setFormat(RADecFormat(text, locale_)); }
 
     /// Whether one of the selected notations holds a blank.
     bool ContainsSpaces() const;
@@ -40,21 +43,23 @@ public:
     /// follow.
     std::function<void(FormatSelector&, const RADecFormat&)> FormatChanged;
 
-    GroupBox gbox;
-    Label raLabel;
-    Popup RAFormat;
-    Label decLabel;
-    Popup DecFormat;
-    Label exampleRA;
-    Label radecimalLabel;
-    Popup raDecimals;
-    CheckBox localised;
-    Label decdecimalLabel;
-    Popup decDecimals;
-    Label decLabel1;
-    Label exampleDec;
-    Label decLabel11;
-    Label decLabel111;
+    // clang-format off
+    GroupBox gbox           {child({"gbox",                    0,   0, 306, 159, "Input Format", kLockAll})};
+    Label    raLabel        {child(gbox, {"raLabel",           8,  36,  31,  20, "RA:"})};
+    Popup    RAFormat       {child(gbox, {"RAFormat",         51,  38, 108,  20})};
+    Label    decLabel       {child(gbox, {"decLabel",          8,  68,  31,  20, "Dec:"})};
+    Popup    DecFormat      {child(gbox, {"DecFormat",        51,  69, 108,  20})};
+    Label    exampleRA      {child(gbox, {"exampleRA",       110, 118, 188,  20, "", kLockAcross})};
+    Label    radecimalLabel {child(gbox, {"radecimalLabel",  171,  36,  61,  20, "Decimals:"})};
+    Popup    raDecimals     {child(gbox, {"raDecimals",      244,  38,  44,  20})};
+    CheckBox localised      {child(gbox, {"localised",        51,  96, 235,  20, "Localised decimal point"})};
+    Label    decdecimalLabel{child(gbox, {"decdecimalLabel", 171,  67,  61,  20, "Decimals:"})};
+    Popup    decDecimals    {child(gbox, {"decDecimals",     244,  69,  44,  20})};
+    Label    decLabel1      {child(gbox, {"decLabel1",         8, 118,  58,  20, "Example:"})};
+    Label    exampleDec     {child(gbox, {"exampleDec",      110, 134, 188,  20, "", kLockAcross})};
+    Label    decLabel11     {child(gbox, {"decLabel11",       76, 118,  24,  20, "RA:"})};
+    Label    decLabel111    {child(gbox, {"decLabel111",      76, 134,  25,  20, "Dec:"})};
+    // clang-format on
 
 private:
     void RAFormat_Open();

@@ -9,24 +9,44 @@ namespace {
 
 constexpr Color kStripe{0xEFEFEF};
 
+enum Side : std::size_t { kInput, kOutput };
+
+/// A column of the list: its heading, and what its cells are made of.
+struct Column {
+    std::string_view heading;
+    Side side; ///< whose epoch stands in the heading, whose format and position in the cell
+    double Pair::*coordinate;
+    char* (RADecFormat::*write)(double value, char* text) const;
+};
+
+constexpr std::array<Column, 4> kColumns{{
+    {"Input RA", kInput, &Pair::Left, &RADecFormat::writeRA},
+    {"Input Dec", kInput, &Pair::Right, &RADecFormat::writeDec},
+    {"Output RA", kOutput, &Pair::Left, &RADecFormat::writeRA},
+    {"Output Dec", kOutput, &Pair::Right, &RADecFormat::writeDec},
+}};
+
 } // namespace
 
 void MainWindow::ConvertCoordinates(std::string_view ra, std::string_view dec) {
-    const RADecFormat& input = inFormat.format();
-    const RADecFormat& output = outFormat.format();
+    const std::array<const RADecFormat*, 2> formats{&inFormat.format(), &outFormat.format()};
     // Never read: what does not parse goes on as the number that the parser fell back on.
     std::string_view error;
-    const double raValue = input.ImportRA(ra, error);
-    const double decValue = input.ImportDec(dec, error);
-    const Pair result = precession().convert({raValue, decValue});
+    const double raValue = formats[kInput]->ImportRA(ra, error);
+    const double decValue = formats[kInput]->ImportDec(dec, error);
+    const Pair position{raValue, decValue};
+    const std::array<Pair, 2> positions{position, precession().convert(position)};
 
-    char* const inputRA = cells_.data();
-    char* const inputDec = input.writeRA(raValue, inputRA);
-    char* const outputRA = input.writeDec(decValue, inputDec);
-    char* const outputDec = output.writeRA(result.Left, outputRA);
-    char* const end = output.writeDec(result.Right, outputDec);
-    list.AddRow(std::array<std::string_view, 4>{
-        {{inputRA, inputDec}, {inputDec, outputRA}, {outputRA, outputDec}, {outputDec, end}}});
+    std::array<char, kColumns.size() * RADecFormat::kMaxText> text;
+    std::array<std::string_view, kColumns.size()> cells;
+    char* begin = text.data();
+    for (std::size_t i = 0; i < kColumns.size(); ++i) {
+        const auto& [heading, side, coordinate, write] = kColumns[i];
+        char* const end = (formats[side]->*write)(positions[side].*coordinate, begin);
+        cells[i] = {begin, end};
+        begin = end;
+    }
+    list.AddRow(cells);
     list.setListIndex(list.LastIndex());
     ClearListButton.setEnabled(true);
 }
@@ -42,30 +62,42 @@ const Precession& MainWindow::precession() {
     return *precession_;
 }
 
+void MainWindow::showColumns() {
+    std::vector<std::string> headings;
+    for (const Column& column : kColumns)
+        headings.emplace_back(column.heading);
+    list.setColumns(std::move(headings));
+}
+
+/// Brings the headings in line with the two epochs, and `ClearListButton` with the list.
 void MainWindow::EpochChange() {
-    const Locale& locale = app_.desktop().locale;
-    const std::string from = " (" + Format(fromEpoch.epochYear(), "0.0", locale) + ")";
-    const std::string to = " (" + Format(toEpoch.epochYear(), "0.0", locale) + ")";
-    list.setHeading(0, "Input RA" + from);
-    list.setHeading(1, "Input Dec" + from);
-    list.setHeading(2, "Output RA" + to);
-    list.setHeading(3, "Output Dec" + to);
+    const std::array<double, 2> years{fromEpoch.epochYear(), toEpoch.epochYear()};
+    for (std::size_t i = 0; i < kColumns.size(); ++i) {
+        const std::string year = Format(years[kColumns[i].side], "0.0", desktop_.locale);
+        list.setHeading(static_cast<std::int64_t>(i),
+                        std::string(kColumns[i].heading) + " (" + year + ")");
+    }
     ClearListButton.setEnabled(list.RowCount() > 0);
 }
 
-void MainWindow::fromEpoch_ValueChanged(EpochSelector& /*sender*/, const Date& /*date*/) {
+void MainWindow::fromEpoch_ValueChanged() {
     EpochChange();
 }
 
-void MainWindow::toEpoch_ValueChanged(EpochSelector& /*sender*/, const Date& /*date*/) {
+void MainWindow::toEpoch_ValueChanged() {
     EpochChange();
 }
 
-void MainWindow::inFormat_FormatChanged(FormatSelector& /*sender*/, const RADecFormat& /*format*/) {
+void MainWindow::inFormat_FormatChanged() {
+    armFormatChange();
+}
+
+/// Has `FormatChangeTimer` bring masks and hints in line, once, when the event loop turns.
+void MainWindow::armFormatChange() {
     FormatChangeTimer.setMode(Timer::Mode::Single);
 }
 
-void MainWindow::FormatChangeTimer_Action(Timer& /*sender*/) {
+void MainWindow::FormatChangeTimer_Action() {
     const RADecFormat& format = inFormat.format();
     const bool masked = DataEntryMask.value();
     raManual.setMask(masked ? format.RAMask() : "");

@@ -41,15 +41,15 @@ private:
 
 } // namespace
 
-void MainWindow::FileImportBtn_Action(PushButton& /*sender*/) {
+void MainWindow::FileImportBtn_Action() {
     if (refusesSpaces(fileFormat, inFormat))
         return;
-    const auto file = app_.desktop().dialogs.GetOpenFolderItem(FileTypes::Any);
+    const auto file = desktop_.dialogs.GetOpenFolderItem(FileTypes::Any);
     if (!file || isClosed())
         return;
-    RowWork work(app_.desktop().progress, "Importing", StoppedBy::User);
+    RowWork work(desktop_.progress, "Importing", StoppedBy::User);
     importFile(*file, work, [](double fraction) { return fraction; });
-    app_.desktop().dialogs.StartIn(file->parent_path());
+    desktop_.dialogs.StartIn(file->parent_path());
 }
 
 void MainWindow::FilesDropped(std::span<const std::filesystem::path> files) {
@@ -57,13 +57,13 @@ void MainWindow::FilesDropped(std::span<const std::filesystem::path> files) {
         return;
     const std::string failures = importFiles(files);
     if (!failures.empty())
-        app_.desktop().dialogs.ErrorBox(failures);
+        desktop_.dialogs.ErrorBox(failures);
 }
 
 /// Returns what went wrong, empty for nothing.
 std::string MainWindow::importFiles(std::span<const std::filesystem::path> files) {
     Failures failures;
-    RowWork work(app_.desktop().progress, "Importing", StoppedBy::User);
+    RowWork work(desktop_.progress, "Importing", StoppedBy::User);
     bool goesOn = true;
     for (std::size_t index = 0; goesOn && index < files.size(); ++index) {
         const auto ofAll = [&](double fraction) {
@@ -112,8 +112,8 @@ bool MainWindow::refusesSpaces(const Popup& popup, const FormatSelector& format)
     const Dialect* const dialect = dialectNamed(popup.value());
     if (dialect == nullptr || dialect->separator != ' ' || !format.ContainsSpaces())
         return false;
-    app_.desktop().dialogs.MsgBox("The file format is incompatible with the data format (i.e. the "
-                                  "data contain spaces)!");
+    desktop_.dialogs.MsgBox("The file format is incompatible with the data format (i.e. the "
+                            "data contain spaces)!");
     return true;
 }
 

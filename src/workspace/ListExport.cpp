@@ -3,10 +3,10 @@
 
 namespace skyvert {
 
-void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
+void MainWindow::ExportListBtn_Action() {
     if (refusesSpaces(ListFormat, outFormat))
         return;
-    const auto file = app_.desktop().dialogs.GetSaveFolderItem(FileTypes::Text, "list.txt");
+    const auto file = desktop_.dialogs.GetSaveFolderItem(FileTypes::Text, "list.txt");
     if (!file || isClosed())
         return;
     TextOutputStream stream = TextOutputStream::Create(*file);
@@ -15,13 +15,13 @@ void MainWindow::ExportListBtn_Action(PushButton& /*sender*/) {
     if (dialect != nullptr && !exportList(*dialect, stream))
         return; // the stream leaves the old file in its place
     stream.Close();
-    app_.desktop().dialogs.StartIn(file->parent_path());
+    desktop_.dialogs.StartIn(file->parent_path());
 }
 
 /// Writes the headings, as row -1, and all rows, each as one line. Returns false when the user has
 /// stopped it.
 bool MainWindow::exportList(const Dialect& dialect, TextOutputStream& stream) {
-    RowWork work(app_.desktop().progress, "Exporting", StoppedBy::User);
+    RowWork work(desktop_.progress, "Exporting", StoppedBy::User);
     std::vector<std::string_view> fields(static_cast<std::size_t>(list.ColumnCount()));
     std::string line;
     bool goesOn = true;

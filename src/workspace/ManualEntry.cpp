@@ -16,18 +16,18 @@ void showVerdict(TextField& field, std::string_view error) {
 
 } // namespace
 
-void MainWindow::raManual_Open(TextField& sender) {
-    sender.setText("");
+void MainWindow::raManual_Open() {
+    raManual.setText("");
 }
 
-void MainWindow::decManual_Open(TextField& sender) {
-    sender.setText("");
+void MainWindow::decManual_Open() {
+    decManual.setText("");
 }
 
-void MainWindow::raManual_TextChange(TextField& sender) {
+void MainWindow::raManual_TextChange() {
     std::string_view error;
-    inFormat.format().ImportRA(sender.text(), error);
-    showVerdict(sender, error);
+    inFormat.format().ImportRA(raManual.text(), error);
+    showVerdict(raManual, error);
     CheckManualData();
 }
 
@@ -45,20 +45,20 @@ bool MainWindow::raManual_Paste(TextField& /*sender*/, std::string_view text) {
 
 /// Puts a text that fits its mask into a field.
 void MainWindow::setMasked(TextField& field, std::string_view text) const {
-    const EntryMask mask(field.mask(), app_.desktop().locale.decimalPoint);
+    const EntryMask mask(field.mask(), desktop_.locale.decimalPoint);
     if (const auto entry = mask.replace({}, 0, 0, text))
         field.setText(entry->text);
 }
 
-void MainWindow::decManual_TextChange(TextField& sender) {
-    if (wantsSign(sender)) {
+void MainWindow::decManual_TextChange() {
+    if (wantsSign(decManual)) {
         // Runs this handler again, for the sign.
-        sender.setText("+");
+        decManual.setText("+");
         return;
     }
     std::string_view error;
-    inFormat.format().ImportDec(sender.text(), error);
-    showVerdict(sender, error);
+    inFormat.format().ImportDec(decManual.text(), error);
+    showVerdict(decManual, error);
     CheckManualData();
 }
 
@@ -68,6 +68,7 @@ bool MainWindow::wantsSign(const TextField& field) const {
            field.text() != "-" && field.text() != "+";
 }
 
+/// Enables `ManualEnterBtn` when both fields parse.
 void MainWindow::CheckManualData() {
     const RADecFormat& format = inFormat.format();
     std::string_view errorRA;
@@ -77,20 +78,20 @@ void MainWindow::CheckManualData() {
     ManualEnterBtn.setEnabled(errorRA.empty() && errorDec.empty());
 }
 
-void MainWindow::ManualEnterBtn_Action(PushButton& /*sender*/) {
+void MainWindow::ManualEnterBtn_Action() {
     ConvertCoordinates(raManual.text(), decManual.text());
     raManual.setText("");
     decManual.setText("");
     raManual.SetFocus();
 }
 
-void MainWindow::DataEntryMask_Action(CheckBox& /*sender*/) {
-    FormatChangeTimer.setMode(Timer::Mode::Single);
+void MainWindow::DataEntryMask_Action() {
+    armFormatChange();
 }
 
-void MainWindow::ClearListButton_Action(PushButton& sender) {
+void MainWindow::ClearListButton_Action() {
     list.DeleteAllRows();
-    sender.setEnabled(false);
+    ClearListButton.setEnabled(false);
 }
 
 } // namespace skyvert

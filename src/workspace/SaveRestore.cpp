@@ -11,9 +11,6 @@ namespace skyvert {
 
 namespace {
 
-constexpr std::string_view kDefaultInFormat = "HH MM\t+DD MM\tY\t1\t1";
-constexpr std::string_view kDefaultOutFormat = "HH MM SS\t+DD MM SS\tY\t1\t0";
-constexpr std::string_view kDefaultDialect = "Tab-separated";
 constexpr std::string_view kRowCountKey = "nContents";
 constexpr std::string_view kRightAscensionKey = "Contents.RA.";
 constexpr std::string_view kDeclinationKey = "Contents.Dec.";
@@ -51,6 +48,43 @@ constexpr std::array<GeometryKey, 3> kGeometryKeys{{
     {"MWin.Height", &Window::height, &Window::setHeight},
 }};
 
+Variant stateOf(const EpochSelector& selector) {
+    return selector.serialised();
+}
+
+Variant stateOf(const FormatSelector& selector) {
+    return selector.format().AsString();
+}
+
+Variant stateOf(const Popup& popup) {
+    return popup.value();
+}
+
+Variant stateOf(const CheckBox& box) {
+    return box.value();
+}
+
+/// A stored text that is not an epoch counts as the empty one.
+void restoreState(EpochSelector& selector, const Variant& state) {
+    try {
+        selector.setSerialised(state.stringValue());
+    } catch (const std::invalid_argument&) {
+        selector.setSerialised("");
+    }
+}
+
+void restoreState(FormatSelector& selector, const Variant& state) {
+    selector.setFormat(state.stringValue());
+}
+
+void restoreState(Popup& popup, const Variant& state) {
+    popup.setValue(state.stringValue());
+}
+
+void restoreState(CheckBox& box, const Variant& state) {
+    box.setValue(state.booleanValue());
+}
+
 /// The number that a text starts with, without its decimals; the nearest that an `int` can hold.
 int toInt(std::string_view text) {
     constexpr std::int64_t kLowest = std::numeric_limits<int>::min();
@@ -87,11 +121,12 @@ void MainWindow::saveAllOrNothing() {
     }
 }
 
+/// Hands the input cells of all rows to the settings.
 void MainWindow::SaveContents() {
     prefs().setValue(kRowCountKey, list.RowCount());
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
-    RowWork work(app_.desktop().progress, "Saving", StoppedBy::Nobody);
+    RowWork work(desktop_.progress, "Saving", StoppedBy::Nobody);
     for (std::int64_t row = 0; row <= list.LastIndex(); ++row) {
         prefs().setValue(raKey.of(row), list.Cell(row, 0));
         prefs().setValue(decKey.of(row), list.Cell(row, 1));
@@ -117,16 +152,17 @@ std::int64_t MainWindow::storedRowCount() const {
     return count;
 }
 
-void MainWindow::OpenTimer_Action(Timer& /*sender*/) {
+void MainWindow::OpenTimer_Action() {
     LoadContents();
 }
 
+/// Rebuilds the list: converts every stored row again, under the epochs and notations of now.
 void MainWindow::LoadContents() {
     list.DeleteAllRows();
     const std::int64_t count = storedRowCount();
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
-    RowWork work(app_.desktop().progress, "Restoring", StoppedBy::ProgramEnd);
+    RowWork work(desktop_.progress, "Restoring", StoppedBy::ProgramEnd);
     bool goesOn = true;
     for (std::int64_t row = 0; goesOn && row < count; ++row) {
         // In the order in which they were stored, which is the fastest to find them in.
@@ -139,77 +175,28 @@ void MainWindow::LoadContents() {
     EpochChange();
 }
 
-void MainWindow::fromEpoch_Open(EpochSelector& sender) {
-    restoreEpoch(sender, "fromEpochA");
+/// What the controls keep between runs, and how: each reads its key when it opens and stores it
+/// when it closes.
+void MainWindow::keepStates() {
+    keep(fromEpoch, "fromEpochA", "", &MainWindow::EpochChange);
+    keep(toEpoch, "toEpochA", "", &MainWindow::EpochChange);
+    keep(inFormat, "inFormat", "HH MM\t+DD MM\tY\t1\t1", &MainWindow::armFormatChange);
+    keep(outFormat, "outFormat", "HH MM SS\t+DD MM SS\tY\t1\t0");
+    keep(fileFormat, fileFormat.name(), "Tab-separated");
+    keep(ListFormat, ListFormat.name(), "Tab-separated");
+    keep(DataEntryMask, DataEntryMask.name(), true);
 }
 
-void MainWindow::fromEpoch_Close(EpochSelector& sender) {
-    prefs().setValue("fromEpochA", sender.serialised());
-}
-
-void MainWindow::toEpoch_Open(EpochSelector& sender) {
-    restoreEpoch(sender, "toEpochA");
-}
-
-void MainWindow::toEpoch_Close(EpochSelector& sender) {
-    prefs().setValue("toEpochA", sender.serialised());
-}
-
-/// A stored text that is no epoch counts as the empty one, without a word.
-void MainWindow::restoreEpoch(EpochSelector& selector, std::string_view key) {
-    try {
-        selector.setSerialised(prefs().Value(key, "").stringValue());
-    } catch (const std::invalid_argument&) {
-        selector.setSerialised("");
-    }
-    EpochChange();
-}
-
-void MainWindow::inFormat_Open(FormatSelector& sender) {
-    restoreFormat(sender, "inFormat", kDefaultInFormat);
-    FormatChangeTimer.setMode(Timer::Mode::Single);
-}
-
-void MainWindow::inFormat_Close(FormatSelector& sender) {
-    prefs().setValue("inFormat", sender.format().AsString());
-}
-
-void MainWindow::outFormat_Open(FormatSelector& sender) {
-    restoreFormat(sender, "outFormat", kDefaultOutFormat);
-}
-
-void MainWindow::outFormat_Close(FormatSelector& sender) {
-    prefs().setValue("outFormat", sender.format().AsString());
-}
-
-void MainWindow::restoreFormat(FormatSelector& selector, std::string_view key,
-                               std::string_view standard) {
-    const std::string stored = prefs().Value(key, standard).stringValue();
-    selector.setFormat(RADecFormat(stored, app_.desktop().locale));
-}
-
-void MainWindow::fileFormat_Open(Popup& sender) {
-    sender.setValue(prefs().Value(sender.name(), kDefaultDialect).stringValue());
-}
-
-void MainWindow::fileFormat_Close(Popup& sender) {
-    prefs().setValue(sender.name(), sender.value());
-}
-
-void MainWindow::ListFormat_Open(Popup& sender) {
-    sender.setValue(prefs().Value(sender.name(), kDefaultDialect).stringValue());
-}
-
-void MainWindow::ListFormat_Close(Popup& sender) {
-    prefs().setValue(sender.name(), sender.value());
-}
-
-void MainWindow::DataEntryMask_Open(CheckBox& sender) {
-    sender.setValue(prefs().Value(sender.name(), true).booleanValue());
-}
-
-void MainWindow::DataEntryMask_Close(CheckBox& sender) {
-    prefs().setValue(sender.name(), sender.value());
+/// `restored` runs after the state has been restored.
+template <typename Kept>
+void MainWindow::keep(Kept& control, std::string_view key, const Variant& byDefault,
+                      void (MainWindow::*restored)()) {
+    control.Open = [=, this, &control] {
+        restoreState(control, prefs().Value(key, byDefault));
+        if (restored != nullptr)
+            (this->*restored)();
+    };
+    control.Close = [=, this, &control] { prefs().setValue(key, stateOf(control)); };
 }
 
 } // namespace skyvert

@@ -20,7 +20,7 @@ struct LoggingView : ControlView {
 };
 
 TEST(Controls, AnAssignmentStoresThenShowsThenRunsTheEvent) {
-    TextField field({.name = "field", .text = "old"});
+    TextField field(Place{{.name = "field", .text = "old"}});
     LoggingView view(field);
     field.TextChange = [&](TextField& sender) {
         view.log += "event " + sender.text() + "|";
@@ -37,23 +37,23 @@ TEST(Controls, AnAssignmentStoresThenShowsThenRunsTheEvent) {
 
 TEST(Controls, EventsRunOnlyForAChange) {
     std::string events;
-    CheckBox box({.name = "box"});
+    CheckBox box(Place{{.name = "box"}});
     box.Action = [&](CheckBox& sender) { events += sender.value() ? "on " : "off "; };
     box.setValue(false);
     box.setValue(true);
     box.setState(CheckBox::State::Mixed);
-    PushButton button({.name = "button"});
+    PushButton button(Place{{.name = "button"}});
     button.press();
     button.Action = [&](PushButton&) { events += "pressed "; };
     button.setEnabled(false);
     button.press();
-    DateControl date({.name = "date"});
+    DateControl date(Place{{.name = "date"}});
     date.ValueChanged = [&](DateControl& sender) { events += sender.dateValue().SQLDate(); };
     date.setDateValue(Date(2000, 1, 1, 18, 0, 0));
     date.setDateValue(Date(2000, 1, 2));
     date.setVisible(false);
     date.setDateValue(Date(2000, 1, 3));
-    PopupMenu popup({.name = "popup"});
+    PopupMenu popup(Place{{.name = "popup"}});
     popup.Change = [&](PopupMenu& sender) { events += " " + std::to_string(sender.listIndex()); };
     popup.AddRow("row");
     for (int i = 0; i < 2; ++i)
@@ -90,7 +90,8 @@ void fill(Listbox& list, std::int64_t count) {
 }
 
 TEST(Listbox, KeepsItsCellsAsTheyWereAdded) {
-    Listbox list{{.name = "list"}, {"n", "n2"}};
+    Listbox list(Place{{.name = "list"}});
+    list.setColumns({"n", "n2"});
     fill(list, 5000);
     list.AddRow(std::array<std::string_view, 1>{"short"});
     fill(list, 5002);
@@ -106,7 +107,8 @@ TEST(Listbox, KeepsItsCellsAsTheyWereAdded) {
 }
 
 TEST(Listbox, SelectsRowsOneByOneOrInRanges) {
-    Listbox list{{.name = "list"}, {"n", "n2"}};
+    Listbox list(Place{{.name = "list"}});
+    list.setColumns({"n", "n2"});
     fill(list, 10);
     list.setSelection({{7, 20}, {2, 4}, {3, 3}, {5, 5}, {-3, 0}});
     EXPECT_EQ(list.selection(), (std::vector<RowRange>{{0, 0}, {2, 5}, {7, 9}}));

@@ -26,7 +26,7 @@ void render(double number, RADecFormat& format) {
 
 void date(double number, double other) {
     const FixedClock clock;
-    EpochSelector epoch({.name = "epoch"}, clock, {});
+    EpochSelector epoch(Place{{.name = "epoch"}}, clock, {});
     epoch.setEpochJulian(number);
     epoch.setEpochYear(number);
     Date date = clock.now();

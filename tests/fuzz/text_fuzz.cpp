@@ -79,7 +79,7 @@ Readings convert(std::string_view text, RADecFormat& format) {
 
 void restoreEpoch(std::string_view text, const Locale& locale) {
     const FixedClock clock;
-    EpochSelector epoch({.name = "epoch"}, clock, locale);
+    EpochSelector epoch(Place{{.name = "epoch"}}, clock, locale);
     try {
         epoch.setSerialised(text);
     } catch (const std::invalid_argument&) {

@@ -16,7 +16,7 @@ struct EpochSelectorTest : testing::Test {
     std::string_view row() const { return selector.epochPopup.value(); }
 
     FixedClock clock;
-    EpochSelector selector{{.name = "fromEpoch"}, clock, {",", "."}};
+    EpochSelector selector{{{.name = "fromEpoch"}}, clock, {",", "."}};
     std::string heard; ///< every day that the owner was told, ended by a blank
 };
 

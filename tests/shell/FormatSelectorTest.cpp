@@ -23,7 +23,7 @@ struct FormatSelectorTest : testing::Test {
     }
 
     Locale locale;
-    FormatSelector selector{{.name = "inFormat", .text = "Input Format"}, locale};
+    FormatSelector selector{{{.name = "inFormat", .text = "Input Format"}}, locale};
     std::string told;
 };
 
