@@ -4,15 +4,17 @@
 
 namespace skyvert {
 
-/// Tells the present moment. Whoever asks for it is given a clock, so that a test can stop time.
+/// Source of the current time. Code that needs the time is given a clock, so that a test can
+/// replace it.
 class Clock {
 public:
     virtual ~Clock() = default;
 
+    /// The current date and time of day, in local time.
     virtual Date now() const = 0;
 };
 
-/// The machine's clock in the machine's time zone.
+/// The system clock in the system's time zone.
 class SystemClock : public Clock {
 public:
     Date now() const override;

@@ -16,8 +16,8 @@ namespace {
 
 namespace ch = std::chrono;
 
-// Years of std::chrono end at 32767. The calendar repeats after 400 years, so a year of any size is
-// moved into the first cycle and back.
+// std::chrono has no years after 32767. The calendar repeats every 400 years, so any year is mapped
+// into the first cycle and back.
 constexpr std::int64_t kCycleYears = 400;
 constexpr std::int64_t kCycleDays = 146097;
 constexpr std::int64_t kMonths = 12;
@@ -35,10 +35,10 @@ Quotient floorDivide(std::int64_t value, std::int64_t divisor) {
     return {value / divisor - (below ? 1 : 0), below ? remainder + divisor : remainder};
 }
 
-/// Days from 1970-01-01 to a calendar day.
+/// Days from 1970-01-01 to a calendar day; a month or day out of range carries over.
 double dayNumber(std::int64_t year, std::int64_t month, std::int64_t day) {
     const Quotient cycle = floorDivide(year, kCycleYears);
-    // Subtracting 1 from the month before the division would overflow for the lowest integer.
+    // `month - 1` could overflow, so 1 is subtracted after the division.
     const Quotient months = floorDivide(month, kMonths);
     const Quotient years = floorDivide(cycle.remainder + months.whole, kCycleYears);
     const ch::year_month first = ch::year(static_cast<int>(years.remainder)) / ch::January +
@@ -48,7 +48,7 @@ double dayNumber(std::int64_t year, std::int64_t month, std::int64_t day) {
            static_cast<double>(day) - 1.0;
 }
 
-/// Appends `value` in at least `width` digits, after its minus.
+/// Appends `value`, padded with zeros to `width` digits; a minus is not counted.
 void appendPadded(std::int64_t value, std::size_t width, std::string& out) {
     const std::string digits = std::to_string(value);
     const std::size_t sign = value < 0 ? 1 : 0;
@@ -57,7 +57,7 @@ void appendPadded(std::int64_t value, std::size_t width, std::string& out) {
     out.append(digits, sign);
 }
 
-/// The number that `text` consists of; 0, which is not a valid field, if it is not all digits.
+/// The value of a text that is all digits; otherwise 0, which is not a valid year, month or day.
 unsigned wholeNumber(std::string_view text) {
     unsigned number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -67,7 +67,8 @@ unsigned wholeNumber(std::string_view text) {
 /// The texts of year, month and day.
 using DayFields = std::array<std::string_view, 3>;
 
-/// The day that at most four, two and two digits name; none before the year 1.
+/// The day given by at most four, two and two digits; nothing if it does not exist or its year is
+/// before 1.
 std::optional<ch::year_month_day> dayOf(const DayFields& fields) {
     if (fields[0].size() > 4 || fields[1].size() > 2 || fields[2].size() > 2)
         return std::nullopt;
@@ -77,7 +78,7 @@ std::optional<ch::year_month_day> dayOf(const DayFields& fields) {
     return civil.ok() && civil.year() >= ch::year(1) ? std::optional(civil) : std::nullopt;
 }
 
-/// Cuts what a person has typed into three fields; nothing where there are more.
+/// Splits a typed date into three fields; nothing if there are more.
 std::optional<DayFields> typedFields(std::string_view text) {
     if (text.size() == 8 && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; }))
         return DayFields{text.substr(0, 4), text.substr(4, 2), text.substr(6)};

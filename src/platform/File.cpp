@@ -26,9 +26,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kLargestTransfer = std::size_t{1} << 30; ///< bytes that every system takes
+constexpr std::size_t kLargestTransfer = std::size_t{1} << 30; ///< bytes in one system call
 
-/// Repeats a call that a signal has interrupted.
+/// Repeats a system call until no signal interrupts it.
 template <typename Call>
 auto uninterrupted(const Call& call) {
     auto result = call();
@@ -64,7 +64,7 @@ int openFlags(File::Use use) {
     }
 }
 
-/// A file that is about to be locked nobody else can open meanwhile: that is the lock.
+/// A file that is to be locked is opened without sharing; here that is the lock.
 int sharing(File::Use use) {
     const bool isShared =
         use == File::Use::Read || use == File::Use::Write || use == File::Use::Replace;
@@ -132,7 +132,7 @@ namespace {
 constexpr mode_t kForAll = 0666;
 constexpr mode_t kForOwner = 0600;
 
-/// How a file is opened, and with which permissions it is made.
+/// The flags of `open` and the permissions of a file that it creates.
 struct Opening {
     int flags;
     mode_t permissions;
@@ -156,14 +156,14 @@ Opening openingFor(File::Use use) {
     return {O_WRONLY | O_CREAT | O_EXCL, kForOwner};
 }
 
-/// Takes back what the folder lets others do with each new file in it.
+/// Removes the access list that a new file inherits from its folder.
 void dropAccessList([[maybe_unused]] int file) {
 #ifdef __linux__
     fremovexattr(file, "system.posix_acl_access");
 #endif
 }
 
-/// Copies the extended attributes, access lists among them.
+/// Copies the extended attributes, including access lists.
 void copyAttributes([[maybe_unused]] int from, [[maybe_unused]] int to) {
 #ifdef __linux__
     std::array<char, 4096> names{};
@@ -206,7 +206,7 @@ bool File::isAt(const fs::path& path) const {
            own.st_dev == named.st_dev && own.st_ino == named.st_ino;
 }
 
-// What follows changes the file, though not the object.
+// These functions change the file but not the object.
 // NOLINTBEGIN(readability-make-member-function-const)
 
 bool File::lock() {
@@ -223,7 +223,7 @@ void File::takeAfter(const File& other) {
     if (::fchown(descriptor_, old.st_uid, old.st_gid) == 0 ||
         ::fchown(descriptor_, static_cast<uid_t>(-1), old.st_gid) == 0)
         copyAttributes(other.descriptor_, descriptor_);
-    else // the group is another one, and gets no more than everybody has
+    else // the group differs, so it gets no more than others have
         permissions &= S_IRWXU | S_IRWXO | (permissions & S_IRWXO) << 3U;
     ::fchmod(descriptor_, permissions);
 }
@@ -247,7 +247,7 @@ bool File::write(std::string_view bytes) {
 
 bool File::sync() {
 #ifdef F_FULLFSYNC
-    // There `fsync` leaves the bytes in the disk's own buffer.
+    // On these systems `fsync` leaves the bytes in the drive's cache.
     if (::fcntl(descriptor_, F_FULLFSYNC) == 0)
         return true;
 #endif
@@ -263,7 +263,7 @@ void File::close() {
 
 bool syncFolder(const fs::path& folder) {
     File opened(folder.empty() ? "." : folder, File::Use::Read);
-    // A folder may be closed to reading, and some file systems have nothing to sync in one.
+    // A folder may be unreadable, and some file systems cannot sync one.
     return opened.isOpen() ? opened.sync() || errno == EINVAL : errno == EACCES;
 }
 

@@ -9,23 +9,24 @@
 
 namespace skyvert {
 
-/// A file of the system, open until it is destroyed. Nothing here throws; what fails leaves its
+/// An open file, which its destructor closes. Nothing here throws; a call that fails leaves the
 /// reason in `errno`.
 class File {
 public:
     /// What a file is opened for.
     enum class Use {
         Read,
-        Write,         ///< one that exists, with its content
-        WriteNoLink,   ///< the same, but no link is followed
-        Replace,       ///< one that is emptied, or else made; links are followed
-        Create,        ///< one that did not exist, with the permissions of any new file
-        CreatePrivate, ///< one that did not exist, for nobody but its owner
+        Write,         ///< an existing file, content kept
+        WriteNoLink,   ///< as `Write`, but a symbolic link is not followed
+        Replace,       ///< truncates the file or creates it; follows links
+        Create,        ///< a new file with the default permissions; fails if it exists
+        CreatePrivate, ///< as `Create`, but only its owner has access
     };
 
     File() = default;
 
-    /// Opens a file and never waits for it: a pipe that nobody reads is refused, with ENXIO.
+    /// Opens a file without blocking: writing to a pipe that nobody reads fails with ENXIO. After a
+    /// failure `isOpen` is false.
     File(const std::filesystem::path& path, Use use);
 
     File(File&& other) noexcept : descriptor_(std::exchange(other.descriptor_, kNone)) {}
@@ -39,32 +40,32 @@ public:
 
     bool isOpen() const { return descriptor_ != kNone; }
 
-    /// The size in bytes of a regular file. Nothing, with `errno` 0, for everything else: folders,
-    /// pipes, devices. Nothing, with `errno` as it was, when the file is not open.
+    /// The size of a regular file in bytes. Nothing, with `errno` 0, for other kinds of file
+    /// (folders, pipes, devices); nothing, with `errno` unchanged, if the file is not open.
     std::optional<std::uintmax_t> regularSize() const;
 
-    /// Whether a path, its last link not followed, names this very file.
+    /// Whether a path names this same file. A link at the end of the path is not followed.
     bool isAt(const std::filesystem::path& path) const;
 
-    /// Locks the file against `lock` of everybody else until it is closed or the program dies.
-    /// False when it is locked already.
+    /// Takes an exclusive lock, without waiting, until the file is closed or the program ends.
+    /// Returns false if that fails; `errno` is EWOULDBLOCK if the file is locked already.
     bool lock();
 
-    /// Gives the file the owner, permissions and extended attributes of another, as far as the
-    /// system lets; nobody else may read or write it who could not read or write the other.
+    /// Copies the owner, permissions and extended attributes of another file, as far as the system
+    /// allows. Nobody gains access who has none to the other file.
     void takeAfter(const File& other);
 
-    /// Reads at most `count` bytes. Returns how many there were, 0 at the end, below 0 on failure.
+    /// Reads at most `count` bytes. Returns the number read, 0 at the end, negative on failure.
     std::ptrdiff_t read(char* target, std::size_t count);
 
-    /// Reads until there are `count` bytes or the file ends. Returns how many there were, or
-    /// nothing on failure.
+    /// Reads until it has `count` bytes or the file ends. Returns the number read, or nothing on
+    /// failure.
     std::optional<std::size_t> fill(char* target, std::size_t count);
 
-    /// Writes all the bytes. False when a part of them could not be written.
+    /// Writes all the bytes. Returns false if some could not be written.
     bool write(std::string_view bytes);
 
-    /// Returns when the content has reached the disk.
+    /// Flushes the content to the disk. Returns false on failure.
     bool sync();
 
     void close();
@@ -75,8 +76,8 @@ private:
     int descriptor_ = kNone;
 };
 
-/// Returns when the names in a folder have reached the disk. True also where the system has no
-/// means for this.
+/// Flushes the names in a folder to the disk. Returns false on failure, but true where the system
+/// cannot do this.
 bool syncFolder(const std::filesystem::path& folder);
 
 } // namespace skyvert

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kReadSize = std::size_t{256} * 1024;
-constexpr int kMostLinks = 40; ///< one after the other, as many as Linux follows
+constexpr int kMostLinks = 40; ///< in one chain, the limit of Linux
 
 } // namespace
 
@@ -55,7 +55,7 @@ std::optional<std::string> readWholeFile(const fs::path& file) {
     const auto size = opened.regularSize();
     if (!size)
         return std::nullopt;
-    // The size is a hint only: some files of the system's own tell none.
+    // The size is only a hint: some system files report 0.
     std::string bytes(std::max<std::uintmax_t>(kReadSize, *size + 1), '\0');
     for (std::size_t count = 0;; bytes.resize(2 * count)) {
         const auto filled = opened.fill(bytes.data() + count, bytes.size() - count);

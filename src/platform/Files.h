@@ -8,35 +8,36 @@
 
 namespace skyvert {
 
-/// A file that the system would not open, read, create or write.
-/// `what()` is a sentence for the user: it names the file and the reason.
+/// A file could not be opened, read, created or written.
+/// `what()` is a sentence for the user that names the file and the reason.
 class FileError : public std::runtime_error {
 public:
-    /// `attempt` ends the phrase "could not be", for instance "opened". `reason` goes on after a
-    /// colon, or is the system's own for the `errno` of the failed call.
+    /// `attempt` completes "could not be", for instance "opened". The reason follows a colon; it is
+    /// `reason`, or the system's text for `errorNumber`, the `errno` of the failed call.
     FileError(const std::filesystem::path& file, std::string_view attempt, std::string_view reason);
     FileError(const std::filesystem::path& file, std::string_view attempt, int errorNumber);
 };
 
-/// A path as UTF-8 text, whatever the system's own encoding of paths is.
+/// A path as UTF-8 text, whatever encoding the system uses for paths.
 std::string pathText(const std::filesystem::path& path);
 
-/// The file that a name stands for, links followed; a link may name a file yet to be made.
+/// The path with its links resolved. The last link may name a file that does not exist yet.
 std::filesystem::path linkTarget(const std::filesystem::path& file);
 
-/// Whether a new file was refused for want of a permission, and not of room or for a fault.
+/// Whether `errorNumber` says that new files are not permitted, as opposed to a full disk or a
+/// fault.
 bool keepsNewFilesOut(int errorNumber);
 
-/// The whole content of a regular file, links followed, or nothing when it cannot be opened or
-/// read, or is of another kind.
+/// The whole content of a regular file, links followed; nothing if it cannot be opened or read or
+/// is of another kind.
 std::optional<std::string> readWholeFile(const std::filesystem::path& file);
 
-/// Creates or replaces a regular file with the given bytes, in place, links followed. Returns false
-/// when the file could not be created; what goes wrong after that, while writing, goes unnoticed.
+/// Creates or overwrites a regular file in place, links followed. Returns false if it could not be
+/// opened; later write errors are ignored.
 bool writeWholeFile(const std::filesystem::path& file, std::string_view bytes);
 
-/// Brings a file that has been written to the disk, and its name with it. False when that failed,
-/// or when the file does not hold exactly these bytes.
+/// Flushes a written file and its name to the disk, then reads it. Returns false if that fails or
+/// the file does not hold exactly these bytes.
 bool isStored(const std::filesystem::path& file, std::string_view bytes);
 
 } // namespace skyvert

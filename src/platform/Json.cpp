@@ -13,8 +13,8 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// The library gives every integer that has no minus as unsigned; one that is too large for
-/// `std::int64_t` is none of ours.
+/// The library stores an integer without a minus as unsigned. One above the range of
+/// `std::int64_t` is not an integer here.
 bool isInteger(const Json& value) {
     return value.is_number_integer() &&
            (!value.is_number_unsigned() ||

@@ -10,24 +10,24 @@
 
 namespace skyvert {
 
-/// A JSON object (RFC 8259) whose members of interest are integers and texts.
+/// A JSON object (RFC 8259) that keeps the values of integers and texts only.
 class JsonObject {
 public:
-    /// Reads a JSON text that holds an object. Members of other kinds are kept by name only; of
-    /// two members of one name the last one stands. Throws `std::invalid_argument` for a text
-    /// that is no JSON or no object, however long or deeply nested it is.
+    /// Parses a text that holds a JSON object. Members of other kinds keep only their name; of two
+    /// members with one name the last counts. Throws `std::invalid_argument` for any other text,
+    /// however long or deeply nested.
     static JsonObject parse(std::string_view text);
 
-    /// Appends a member. The name is one that the object does not have yet.
+    /// Appends a member. The object must not have one of this name yet.
     void add(std::string name, std::int64_t value);
     void add(std::string name, std::string value);
 
-    /// The member of that name, or nothing if there is none.
-    /// Throws `std::invalid_argument` when it is of another kind.
+    /// The member called `name`, or nothing if there is none.
+    /// Throws `std::invalid_argument` if it is of another kind.
     std::optional<std::int64_t> integer(std::string_view name) const;
     std::optional<std::string> text(std::string_view name) const;
 
-    /// The object in compact form, its members in the order of insertion.
+    /// The object as compact JSON, members in insertion order. Invalid UTF-8 becomes U+FFFD.
     std::string toString() const;
 
 private:
@@ -36,7 +36,7 @@ private:
     template <typename T>
     std::optional<T> member(std::string_view name, const char* kind) const;
 
-    std::vector<std::pair<std::string, Value>> members_; ///< monostate: of a kind not held here
+    std::vector<std::pair<std::string, Value>> members_; ///< monostate: another kind
 };
 
 } // namespace skyvert

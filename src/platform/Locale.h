@@ -4,8 +4,8 @@
 
 namespace skyvert {
 
-/// What the system's locale says about numbers. It is asked once, where the program starts, and
-/// handed to the logic as data. Both texts are UTF-8 and hold one character of any width.
+/// How the system's locale writes numbers. The program reads it once, at its start, and passes it
+/// on as data. Each text is one UTF-8 character.
 struct Locale {
     std::string decimalPoint = ".";
     std::string groupSeparator = ","; ///< between groups of three digits; empty for no grouping

@@ -20,7 +20,7 @@ const char* skipDigits(const char* at, const char* end) {
     return readDigits(at, end, unused);
 }
 
-/// Whether `text` starts with a separator and a full group of three digits.
+/// Whether `text` starts with a separator and exactly three digits.
 bool startsWithGroup(std::string_view text, std::string_view separator) {
     if (separator.empty() || !text.starts_with(separator))
         return false;
@@ -29,7 +29,7 @@ bool startsWithGroup(std::string_view text, std::string_view separator) {
     return skipDigits(group, end) - group == 3;
 }
 
-/// What the "0" and "#" of a mask stand for.
+/// The numbers of digits that a mask asks for.
 struct MaskShape {
     int width;
     int leastDecimals;
@@ -45,9 +45,10 @@ MaskShape readMask(std::string_view mask) {
             static_cast<int>(decimals.size())};
 }
 
-/// Writes a number that `roundShort` has rounded: a third of the time that `writeExactly` takes.
+/// `writeFixed` for a number that `roundShort` has rounded, in a third of the time of
+/// `writeExactly`.
 char* writeShort(char* to, std::uint64_t rounded, int decimals, int width, std::string_view point) {
-    constexpr int mostDigits = 11; // below the limit of `roundShort`
+    constexpr int mostDigits = 11; // of a number below the limit of `roundShort`
     int digits = decimals + width;
     while (digits < mostDigits &&
            static_cast<double>(rounded) >= kPowersOfTen[static_cast<std::size_t>(digits)])
@@ -87,7 +88,7 @@ double Val(std::string_view text) {
     const char* const at = text.data() + (negative || text.starts_with('+') ? 1 : 0);
     double magnitude = 0.0;
     if (readShort(at, end, '.', magnitude) == nullptr) {
-        // The library also knows words and exponents: it is handed digits only.
+        // fast_float also accepts words and exponents, so it gets only digits and a point.
         const char* const wholeEnd = skipDigits(at, end);
         const bool hasPoint = wholeEnd != end && *wholeEnd == '.';
         const char* const numberEnd = hasPoint ? skipDigits(wholeEnd + 1, end) : wholeEnd;
@@ -108,7 +109,7 @@ double CDbl(std::string_view text, const Locale& locale) {
     const char* at = text.data() + (text.starts_with('-') || text.starts_with('+') ? 1 : 0);
     const char* const whole = at;
     at = skipDigits(at, end);
-    std::string number(text.data(), at); // as `Val` reads it
+    std::string number(text.data(), at); // in the form for `Val`
     if (at - whole >= 1 && at - whole <= 3) {
         for (; startsWithGroup(rest(at), group); at += group.size() + 3)
             number.append(at + group.size(), 3);

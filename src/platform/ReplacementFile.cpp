@@ -9,7 +9,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kWatchedNames = 10; ///< more than are ever written at once in one folder
+constexpr int kWatchedNames = 10; ///< more than one folder ever has in use at once
 
 fs::path temporaryName(const fs::path& folder, int number) {
     return folder / (".skyvert-" + std::to_string(number) + ".tmp");
@@ -17,25 +17,25 @@ fs::path temporaryName(const fs::path& folder, int number) {
 
 void removeIfAbandoned(const fs::path& path) {
     File file(path, File::Use::WriteNoLink);
-    // Between the opening and the lock its owner may have put it in its place.
+    // Its owner may have renamed it between the opening and the lock.
     if (!file.regularSize() || !file.lock() || !file.isAt(path))
         return;
 #ifdef _WIN32
-    file.close(); // no open file can be removed there
+    file.close(); // Windows cannot remove an open file
 #endif
     std::error_code ignored;
     fs::remove(path, ignored);
 }
 
-/// Makes and locks a file under a name of its own, which is put into `path`.
+/// Creates and locks a file under the first free name, which is returned in `path`.
 File createTemporary(const fs::path& folder, File::Use use, fs::path& path) {
     for (int number = 0;; ++number) {
         path = temporaryName(folder, number);
         File file(path, use);
         if (!file.isOpen() && errno != EEXIST)
             return file;
-        // Before it was locked, it may have been removed as abandoned. Some file systems know no
-        // locks; there nothing is removed.
+        // It may have been removed as abandoned before it was locked. A file system without locks
+        // is no danger: nothing is removed there.
         if (file.isOpen() && (file.lock() || errno != EWOULDBLOCK) && file.isAt(path))
             return file;
     }
@@ -69,7 +69,7 @@ std::error_code ReplacementFile::commit() {
     if (!file_.sync())
         return failure();
 #ifdef _WIN32
-    file_.close(); // no open file can be renamed there
+    file_.close(); // Windows cannot rename an open file
 #endif
     std::error_code error;
     fs::rename(path_, place_, error);

@@ -9,18 +9,18 @@
 
 namespace skyvert {
 
-/// A new file that takes the place of an old one when it is complete and on the disk, and not
-/// before: until `commit` returns, the old file stands as it was, whatever fails and whenever the
-/// program dies.
+/// A new file that replaces an old one only after it is complete and on the disk. Whatever fails
+/// and whenever the program dies, the target is the whole old file or the whole new one; before
+/// `commit` it is the old one.
 ///
-/// It is written under the name `.skyvert-N.tmp` in the folder of its place, with the first N from
-/// 0 that is free, and locked meanwhile. One whose program died is locked no more: the next
-/// replacement in that folder removes it.
+/// It is written as `.skyvert-N.tmp` in the target's folder, with the first free N from 0, and is
+/// locked meanwhile. The lock ends with the program; the next replacement in that folder removes
+/// files that are no longer locked.
 class ReplacementFile {
 public:
-    /// Begins a file that is to stand at `place`. It takes after `old` (see `File::takeAfter`),
-    /// unless that is not open. When no file can be made, this one is not open and `errno` has the
-    /// reason.
+    /// Creates the file that is to replace `place`. If `old` is open, its owner, permissions and
+    /// attributes are copied (see `File::takeAfter`). On failure `isOpen` is false and `errno` has
+    /// the reason.
     ReplacementFile(const std::filesystem::path& place, const File& old);
 
     ReplacementFile(ReplacementFile&& other) noexcept
@@ -29,24 +29,23 @@ public:
 
     ReplacementFile& operator=(ReplacementFile&&) = delete;
 
-    /// Without `commit` nothing stays of it.
+    /// Removes the file unless `commit` has put it in place.
     ~ReplacementFile();
 
     bool isOpen() const { return file_.isOpen(); }
 
-    /// Adds bytes. False, with the reason in `errno`, when a part of them could not be written.
+    /// Appends bytes. Returns false, with the reason in `errno`, if some could not be written.
     bool write(std::string_view bytes) { return file_.write(bytes); }
 
-    /// Puts the file in its place. Returns what failed, if anything did; either of the two files
-    /// stands there, whole.
+    /// Flushes the file to the disk and renames it over the target. Returns the error, if any.
     std::error_code commit();
 
-    /// Removes what programs that died have left in a folder.
+    /// Removes the temporary files that programs left in a folder when they died.
     static void removeAbandoned(const std::filesystem::path& folder);
 
 private:
     std::filesystem::path place_;
-    std::filesystem::path path_; ///< of the file as long as it does not stand in its place
+    std::filesystem::path path_; ///< of the temporary file; empty after `commit`
     File file_;
 };
 

@@ -2,8 +2,8 @@
 
 namespace skyvert {
 
-/// Holds a flag true while it lives: keeps a composite from telling its owner of changes that code
-/// makes.
+/// Keeps a flag true during its lifetime. A composite control uses it to mute the event of its
+/// owner while code changes the composite.
 class SettingGuard {
 public:
     explicit SettingGuard(bool& setting) : setting_(setting) { setting_ = true; }

@@ -10,8 +10,8 @@ constexpr bool startsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
 
-/// The length in bytes of the first `count` characters. A text that opens with continuation bytes
-/// counts them as one character.
+/// The length in bytes of the first `count` characters. Continuation bytes at the start of the
+/// text count as one character.
 std::size_t bytesOf(std::string_view text, std::size_t count) {
     std::size_t at = 0;
     for (; count > 0 && at < text.size(); --count) {
@@ -22,7 +22,7 @@ std::size_t bytesOf(std::string_view text, std::size_t count) {
     return at;
 }
 
-/// Where `wanted` occurs at or behind `from`, as a byte offset, or `npos`.
+/// The byte offset of the first `wanted` at or after `from`, or `npos`.
 std::size_t findIgnoringCase(std::string_view text, std::string_view wanted, std::size_t from) {
     if (wanted.empty())
         return std::string_view::npos;
@@ -50,7 +50,7 @@ void replace(std::string_view text, std::string_view wanted, std::string_view by
 } // namespace
 
 bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    // Most texts that are equal are identical, and every row of an import compares some.
+    // Most equal texts are identical, and every imported row compares some.
     return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(),
                                 [](char x, char y) { return lowered(x) == lowered(y); });
 }

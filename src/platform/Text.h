@@ -7,13 +7,13 @@
 #include <string_view>
 #include <vector>
 
-// The text operations that the program's rules are written in. Texts are UTF-8, positions and
-// lengths count characters (code points), and positions start at 1. Bytes that are no UTF-8 do no
-// harm: one that continues no character starts one or belongs to the character before it. Letter
-// case is that of ASCII, whatever the locale, so that a stored text means the same everywhere.
+// The text operations that the program's rules are written in. Texts are UTF-8; positions and
+// lengths count characters (code points), and positions start at 1. Invalid bytes are safe: a stray
+// continuation byte belongs to the character before it, any other byte starts one. Only ASCII
+// letters have a case, whatever the locale, so that a stored text means the same everywhere.
 namespace skyvert {
 
-/// True for a blank, a tab and the line ends of ASCII.
+/// True for ASCII white space: blank, tab, LF, VT, FF and CR.
 constexpr bool isWhiteSpace(char byte) {
     return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
@@ -25,28 +25,28 @@ constexpr char lowered(char byte) {
 
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 
-/// True for a text of nothing but white space, and for an empty one.
+/// True for an empty text and for one of white space only.
 constexpr bool isBlank(std::string_view text) {
     return std::all_of(text.begin(), text.end(), isWhiteSpace);
 }
 
-/// The text without the white space at both ends.
+/// The text without white space at its ends.
 std::string_view Trim(std::string_view text);
 
-/// Cuts a text at each delimiter: n delimiters give n + 1 fields, empty ones included, but an
-/// empty text gives none. The fields are views into `text`; what `fields` held before is gone.
+/// Splits a text at each delimiter: n delimiters give n + 1 fields, empty ones included, but an
+/// empty text gives none. The fields are views into `text` and replace the content of `fields`.
 void Split(std::string_view text, char delimiter, std::vector<std::string_view>& fields);
 std::vector<std::string_view> Split(std::string_view text, char delimiter);
 
 std::string Join(std::span<const std::string> fields, std::string_view separator);
 
-/// The text with the first occurrence of `wanted`, in any letter case, replaced.
-/// An empty `wanted` occurs nowhere.
+/// The text with the first occurrence of `wanted` replaced, ignoring case.
+/// An empty `wanted` never occurs.
 std::string Replace(std::string_view text, std::string_view wanted, std::string_view by);
 
-/// The text with every occurrence replaced, in one pass from left to right. What has been put in
-/// is not looked at again: of four blanks, "two blanks by one" leaves two.
-/// The form with `out`, which `text` must not view, puts the result there.
+/// The text with every occurrence replaced, in one pass from left to right. Replaced text is not
+/// searched again: replacing two blanks by one turns four blanks into two.
+/// The form with `out` puts the result there; `text` must not be a view of `out`.
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view by);
 void ReplaceAll(std::string_view text, std::string_view wanted, std::string_view by,
                 std::string& out);

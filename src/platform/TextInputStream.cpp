@@ -18,7 +18,7 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 
-/// What a line keeps of its bytes. No character is cut in two.
+/// A line shortened to the bound, without cutting a character.
 std::string_view bounded(std::string_view line) {
     constexpr std::size_t kLongestCharacter = 4;
     if (line.size() <= kLongestLine)
@@ -89,7 +89,7 @@ bool TextInputStream::fill() {
         std::string bytes(kPieceSize, '\0');
         bytes.resize(readBytes(bytes.data(), bytes.size()));
         appendUtf16(bytes);
-        return !sourceEnded_ || !pendingUtf16_.empty(); // half a character has become one, too
+        return !sourceEnded_ || !pendingUtf16_.empty(); // an incomplete last character counts, too
     }
     const std::size_t size = buffer_.size();
     buffer_.resize(size + std::max(kPieceSize, size));
@@ -125,8 +125,8 @@ bool TextInputStream::endOfFile() {
     return begin_ == buffer_.size();
 }
 
-/// The place of the next LF or CR, or the end of the buffer. Both places are kept from call to
-/// call, so that a file with one kind of line end is not searched to its end for the other kind.
+/// The offset of the next LF or CR, or the end of the buffer. Both offsets are kept between calls,
+/// so that a file with one kind of line end is not searched over and over for the other kind.
 std::size_t TextInputStream::findLineEnd() {
     const auto advance = [this](std::size_t& place, char byte) {
         if (place >= begin_ && place < buffer_.size() && buffer_[place] == byte)
@@ -138,7 +138,7 @@ std::size_t TextInputStream::findLineEnd() {
     return std::min(nextLineFeed_, nextReturn_);
 }
 
-/// The place behind a line end, which may be a pair.
+/// The offset after a line end, which may be CRLF.
 std::size_t TextInputStream::behindLineEnd(std::size_t end) const {
     const bool pair = end + 1 < buffer_.size() && buffer_[end] == '\r' && buffer_[end + 1] == '\n';
     return std::min(end + (pair ? 2 : 1), buffer_.size());
@@ -157,7 +157,7 @@ bool TextInputStream::skipPiece() {
 std::string_view TextInputStream::ReadLine() {
     while (skipPiece()) {
     }
-    // A CR that ends the buffer may be half of a CRLF.
+    // A CR at the end of the buffer may be half of a CRLF.
     while (!isLineEndKnown() && buffer_.size() - begin_ <= kLongestLine && fill()) {
     }
     const std::size_t end = findLineEnd();

@@ -25,7 +25,7 @@ TextOutputStream TextOutputStream::Create(const fs::path& file) {
     std::error_code ignored;
     if (fs::is_other(fs::status(target, ignored)))
         throw FileError(file, "written", "it is not a regular file");
-    // A file that may not be written is not to be replaced either.
+    // A file without write permission must not be replaced either.
     const File old(target, File::Use::Write);
     if (!old.regularSize() && (old.isOpen() || errno != ENOENT))
         throw FileError(file, "written", errno);

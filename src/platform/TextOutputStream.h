@@ -8,20 +8,20 @@
 
 namespace skyvert {
 
-/// Writes a text file line by line: UTF-8 without a mark, each line ended by LF.
+/// Writes a text file line by line: UTF-8 without a byte order mark, LF after each line.
 ///
-/// The text goes to a new file beside the target, which takes the target's place in `Close`. So
-/// a write that fails, or a stream dropped before `Close`, leaves the old file as it was.
+/// The text goes to a new file in the target's folder, which replaces the target in `Close`. If a
+/// write fails or the stream is destroyed before `Close`, the old file is unchanged.
 class TextOutputStream {
 public:
-    /// Starts a file, to replace a regular one that stands under the name, links followed. Throws
-    /// `FileError`, for every other kind of file too, and where the folder takes no new file.
+    /// Starts a file that will replace an existing regular file, links followed. Throws `FileError`
+    /// if that fails, the existing file is of another kind, or its folder permits no new file.
     static TextOutputStream Create(const std::filesystem::path& file);
 
-    /// Writes a line and its line end. Throws `FileError`.
+    /// Writes a line and its line end. Throws `FileError` on failure.
     void WriteLine(std::string_view line);
 
-    /// Writes what is left and puts the new file in place. Throws `FileError`.
+    /// Writes the rest and puts the new file in place. Throws `FileError` on failure.
     void Close();
 
 private:
@@ -31,7 +31,7 @@ private:
 
     std::filesystem::path file_;
     ReplacementFile replacement_;
-    std::string buffer_; ///< lines not handed to the system yet
+    std::string buffer_; ///< lines not written yet
 };
 
 } // namespace skyvert

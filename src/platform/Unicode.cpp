@@ -9,7 +9,7 @@
 namespace skyvert {
 
 bool isAscii(std::string_view text) {
-    // Eight bytes at a time: this looks at every byte of every imported file.
+    // Eight bytes at a time, since every byte of an imported file is tested.
     constexpr std::uint64_t kHighBits = 0x8080808080808080U;
     std::uint64_t seen = 0;
     while (text.size() >= sizeof seen) {
@@ -29,7 +29,7 @@ void appendUtf8(char32_t point, std::string& out) {
 
 std::size_t utf8Length(std::string_view text) {
     if (static_cast<signed char>(text.front()) >= 0)
-        return 1;                                    // which halves the time of ordinary texts
+        return 1;                                    // halves the time of ordinary texts
     const std::string_view head = text.substr(0, 4); // bytes of the longest character
     const auto* const begin = head.data();
     if (utf8::find_invalid(begin, begin + head.size()) == begin)
@@ -50,7 +50,7 @@ char32_t codePoint(std::string_view character) {
 }
 
 char32_t fromWindows1252(unsigned char byte) {
-    // The five bytes that Windows-1252 leaves undefined stand for the C1 controls of that number.
+    // The five bytes that Windows-1252 leaves undefined map to the C1 controls of the same value.
     static constexpr std::array<char16_t, 32> high{
         0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
         0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
