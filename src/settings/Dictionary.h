@@ -10,14 +10,15 @@
 
 namespace skyvert {
 
-/// Values by key. Entries are numbered from 0 in the order in which their keys came; a new value
-/// under an old key keeps the old number. Keys are equal as `VariantCompare` says, so strings
-/// respect case. Looking up takes the same short time at any size and makes no copy of a string.
+/// Values by key. Entries are numbered from 0 in the order in which their keys were added; a new
+/// value for an existing key keeps its number. Keys are compared by `VariantCompare`, so case
+/// counts. A lookup takes constant time and copies no string.
 class Dictionary final : public Object {
 public:
     std::size_t Count() const { return entries_.size(); }
 
-    /// Key and value of an entry, 0 to `Count()` - 1. Throw `std::out_of_range` for another.
+    /// The key and the value of an entry, 0 to `Count()` - 1. They throw `std::out_of_range` for
+    /// any other index.
     const Variant& Key(std::size_t index) const {
         return entries_.values_container().at(index).first;
     }
@@ -26,7 +27,7 @@ public:
         return entries_.values_container().at(index).second;
     }
 
-    /// The value under a key, or null when there is none. Valid until a key is added.
+    /// The value for a key, or null if there is none. Valid until a key is added.
     const Variant* find(const Variant& key) const { return findKey(key); }
 
     template <std::convertible_to<std::string_view> Text>
@@ -34,18 +35,18 @@ public:
         return findKey(std::string_view(key));
     }
 
-    /// Puts a value under a key, in place of an older one.
+    /// Stores a value for a key, replacing any earlier one.
     void setValue(Variant key, Variant value) {
         entries_.insert_or_assign(std::move(key), std::move(value));
     }
 
-    /// Where the value under a key is held, valid until another key is added.
+    /// The value stored for a key, valid until another key is added.
     struct Place {
         Variant& value;
         bool isNew; ///< the key was not there; the value is Nil
     };
 
-    /// The place of a key's value, which is made when there is none.
+    /// The place of a key's value; adds the key with the value Nil if it is new.
     Place place(std::string_view key) {
         auto [entry, isNew] = entries_.try_emplace(key);
         return {entry.value(), isNew};

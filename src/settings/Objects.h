@@ -10,12 +10,12 @@
 
 namespace skyvert {
 
-/// A list of values that counts from one.
+/// A list of values, numbered from 1.
 class Collection final : public Object {
 public:
     std::size_t Count() const { return items_.size(); }
 
-    /// The item of that number, 1 to `Count()`. Throws `std::out_of_range` for another.
+    /// The item with this number, 1 to `Count()`. Throws `std::out_of_range` for any other.
     const Variant& Item(std::size_t index) const { return items_.at(index - 1); }
 
     void Add(Variant value) { items_.push_back(std::move(value)); }

@@ -18,8 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Whether a document is whole: the end tag of the root comes last, so one that was cut is
-/// malformed.
+/// Whether a document is well-formed. A truncated one is not: it lacks the closing tag of the root.
 bool isWellFormed(std::string_view text) {
     try {
         XmlHandler nobody;
@@ -44,8 +43,8 @@ Preferences::Preferences(const fs::path& applicationData, const fs::path& folder
         LoadXML(prefs_, fprefs_);
 }
 
-/// Loads the copy that is left of a save that was cut short, and ends that save. False when there
-/// is none, or one of a newer version: that counts as absent, and stays.
+/// Loads the copy that an interrupted save has left, and finishes that save. Returns false if there
+/// is none or it cannot be read. A damaged copy is removed; one of a newer version stays.
 bool Preferences::readCopy() {
     const std::optional<std::string> text = readWholeFile(copy_);
     if (!text)
@@ -80,7 +79,7 @@ void Preferences::Close() {
     try {
         save(ExportXMLString(prefs_, false));
     } catch (const std::exception&) {
-        // There is no memory for the text. What the file holds is what stays.
+        // There is no memory for the text. The file stays as it is.
     }
 }
 
@@ -91,12 +90,12 @@ void Preferences::save(std::string_view text) const {
         replaceFile(text);
 }
 
-/// Makes the copy. True when it stands, or when the folder takes none by its permissions; then the
-/// file is written without one. False when the file is not to be touched.
+/// Writes the copy. Returns true if it is complete, or if the folder permits no new file; then the
+/// settings file is written without a copy. Returns false if that file must not be touched.
 bool Preferences::isSafeToReplace(std::string_view text) const {
     const File old(fprefs_, File::Use::Write);
     if (old.isOpen() ? !old.regularSize() : errno != ENOENT)
-        return false; // it may not be written, or is no settings file
+        return false; // it may not be written, or is not a regular file
     ReplacementFile copy(copy_, old);
     std::error_code ignored;
     if (!copy.isOpen())
@@ -104,7 +103,7 @@ bool Preferences::isSafeToReplace(std::string_view text) const {
     return copy.write(text) && !copy.commit();
 }
 
-/// Writes the file in place. A copy stays until the file is known to hold the same.
+/// Writes the file in place. The copy is removed only after the file is known to hold `text`.
 void Preferences::replaceFile(std::string_view text) const {
     if (!SaveXML(text, fprefs_) || !isStored(fprefs_, text))
         return;

@@ -10,40 +10,39 @@
 
 namespace skyvert {
 
-/// The settings: named values that are read from a file when the object is made, changed in memory
-/// and written back once, by `Close`, if any of them differs. Nothing that goes wrong with the file
-/// is reported: settings that cannot be read are defaults, and a save that fails costs what this
-/// run has changed.
+/// The settings: named values, read from a file by the constructor, changed in memory and written
+/// back once, by `Close`, if any of them has changed. File errors are not reported: if the file
+/// cannot be read, all values are defaults; if a save fails, the changes of this run are lost.
 ///
-/// The file is written in place, so until that is done a whole copy of the new settings stands
-/// beside it, under the same name with ".new" behind it. A copy that is still there at the next
-/// start holds the newest settings: it is read, and the file brought in line with it.
+/// The file is written in place. During that, a complete copy of the new settings exists beside it,
+/// with ".new" appended to the name. A copy that is found at the next start holds the newest
+/// settings: they are loaded from it and written to the file.
 class Preferences {
 public:
-    /// Makes the folder `folder` in the application data folder, if need be, and loads the file
-    /// `file` in it, if there is one. A file that is damaged or too new counts as absent.
+    /// Loads `file` in the folder `folder` of the application data folder. Creates the folder if it
+    /// is missing. A file that is damaged or of a newer version counts as absent.
     Preferences(const std::filesystem::path& applicationData, const std::filesystem::path& folder,
                 const std::filesystem::path& file);
     Preferences(const Preferences&) = delete;
     Preferences& operator=(const Preferences&) = delete;
     virtual ~Preferences() = default;
 
-    /// The value stored under a key, of whatever kind it is; `byDefault` when there is none.
+    /// The value stored for a key, of any kind; `byDefault` if there is none.
     virtual Variant Value(std::string_view key, const Variant& byDefault) const;
 
-    /// Stores a value. One that equals the stored value changes nothing.
+    /// Stores a value. A value equal to the stored one changes nothing.
     virtual void setValue(std::string_view key, Variant value);
 
-    /// Writes the file if there is something to write. To be called once, at the end. Never throws.
+    /// Writes the file if a value has changed. Call once, at the end. Never throws.
     virtual void Close();
 
-    /// Makes `Close` leave the file as it is, for values that belong together and are incomplete.
+    /// Makes `Close` leave the file unchanged, for the case that the values are incomplete.
     void Discard() { discarded_ = true; }
 
     /// The number of stored values.
     std::int64_t Count() const { return static_cast<std::int64_t>(prefs_->Count()); }
 
-    /// True once a value differs from what was loaded.
+    /// True after a value has changed.
     bool changed() const { return changed_; }
 
 private:
@@ -54,7 +53,7 @@ private:
 
     std::shared_ptr<Dictionary> prefs_;
     std::filesystem::path fprefs_;
-    std::filesystem::path copy_; ///< of what `fprefs_` is to hold, while that is being written
+    std::filesystem::path copy_; ///< holds the new settings while `fprefs_` is written
     bool changed_ = false;
     bool discarded_ = false;
 };

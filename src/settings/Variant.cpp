@@ -53,7 +53,7 @@ std::string padded(int value, std::size_t width) {
     return digits;
 }
 
-/// The integer that a floating-point number is, if it is one.
+/// The integer equal to a floating-point number, if there is one.
 std::optional<std::int64_t> wholeNumber(double value) {
     const std::int64_t whole = truncated(value);
     if (static_cast<double>(whole) != value || value >= 0x1p63)
@@ -81,8 +81,8 @@ bool sameHeld(const Left& left, const Right& right) {
         return false;
 }
 
-/// Reads numbers of fixed width, each behind its separator, until the text ends.
-/// Returns how many there are, or nothing when the text is not made so.
+/// Reads numbers of fixed width, separated as in `kLayout`, until the text ends.
+/// Returns their count, or nothing if the text does not have this form.
 std::optional<std::size_t> readFields(std::string_view text, std::span<int, 6> fields) {
     static constexpr std::string_view kLayout = "0000-00-00 00:00:00";
     std::size_t field = 0;
@@ -105,7 +105,7 @@ std::string DateValue::SQLDateTime() const {
            ":" + padded(minute, 2) + ":" + padded(second, 2);
 }
 
-// Here and not in the header, where GCC 12 warns of the library once it has inlined it.
+// Not inline: in the header, GCC 12 would warn about the library's code.
 Variant::Variant(std::string_view value) : held_(Text(value.begin(), value.end())) {}
 
 VarType Variant::type() const {

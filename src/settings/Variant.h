@@ -15,7 +15,7 @@
 
 namespace skyvert {
 
-/// What a `Variant` holds by reference; an object is equal to itself only.
+/// A value that a `Variant` holds by reference. An object is equal only to itself.
 class Object {
 public:
     Object() = default;
@@ -24,7 +24,7 @@ public:
     virtual ~Object() = default;
 };
 
-/// A calendar date with its time of day, as a value to be stored.
+/// A calendar date and time of day, as stored in settings.
 struct DateValue {
     std::int16_t year = 0;
     std::uint8_t month = 0;
@@ -39,7 +39,7 @@ struct DateValue {
     std::string SQLDateTime() const;
 };
 
-/// The kinds of value, under their established numbers.
+/// The kinds of value, with their established numbers.
 enum class VarType {
     Nil = 0,
     Integer = 2,
@@ -53,8 +53,8 @@ enum class VarType {
     Color = 16
 };
 
-/// A value of any kind, converted when it is read as another.
-// No member of the variant throws when it is moved, which clang-tidy does not see.
+/// A value of any kind, converted when it is read as another kind.
+// clang-tidy does not see that no alternative throws when it is moved.
 // NOLINTNEXTLINE(bugprone-exception-escape)
 class Variant {
 public:
@@ -91,43 +91,44 @@ public:
 
     bool isNil() const { return std::holds_alternative<std::monostate>(held_); }
 
-    /// Integers in digits; a double that is whole without a point, others in the shortest form
-    /// that reads back; "true" and "false"; a date as its SQL text; a colour as "&h" and eight
-    /// hexadecimal digits; the empty text for Nil and objects.
+    /// Integers as digits; a whole floating-point number without a point, any other in the shortest
+    /// form that reads back exactly; "true" or "false"; a date as `SQLDateTime`; a colour as "&h"
+    /// and eight hexadecimal digits; the empty text for Nil and objects.
     std::string stringValue() const;
 
-    /// Numbers, Booleans as 1 and 0, the leading number of a string; 0 for all else.
+    /// A number; 1 or 0 for a Boolean; the leading number of a string; 0 for any other kind.
     double doubleValue() const;
 
-    /// As `doubleValue`, truncated towards zero and limited to what 64 bits hold; integers exactly.
+    /// As `doubleValue`, truncated towards zero and clamped to 64 bits. Integers are exact.
     std::int64_t integerValue() const;
 
-    /// Numbers other than 0, and the texts "true", in any case, and "1".
+    /// True for a number other than 0, the Boolean true, and the strings "1" and, ignoring case,
+    /// "true".
     bool booleanValue() const;
 
-    /// The string held, or nothing for another kind.
+    /// The string, or nothing for any other kind.
     std::optional<std::string_view> string() const {
         const auto* held = std::get_if<Text>(&held_);
         return held == nullptr ? std::nullopt : std::optional(viewOf(*held));
     }
 
-    /// The colour held, or black for another kind.
+    /// The colour, or black for any other kind.
     Color color() const;
 
-    /// The object held, or null when there is none or it is of another class.
+    /// The object, or null if there is none of this class.
     template <std::derived_from<skyvert::Object> Kind>
     Kind* object() const {
         const auto* held = std::get_if<std::shared_ptr<Object>>(&held_);
         return held == nullptr ? nullptr : dynamic_cast<Kind*>(held->get());
     }
 
-    /// Equal for equal values: see `VariantCompare`.
+    /// Equal for values that `VariantCompare` calls equal.
     std::size_t hash() const;
 
     friend bool VariantCompare(const Variant& left, const Variant& right);
 
 private:
-    /// Holds up to 22 bytes without memory of its own and takes 24 in all: most keys and cells.
+    /// 24 bytes, which hold a text of up to 22 bytes without an allocation: most keys and cells.
     using Text = boost::container::string;
 
     static std::string_view viewOf(const Text& text) { return {text.data(), text.size()}; }
@@ -137,21 +138,20 @@ private:
         held_;
 };
 
-/// True when two values are equal: strings when they are identical, numbers of whatever width
-/// by their value, objects when they are the same object. Values of different kinds differ.
+/// Whether two values are equal: strings if they are identical, numbers of any width by value,
+/// objects if they are the same object. Values of different kinds differ.
 bool VariantCompare(const Variant& left, const Variant& right);
 
-/// The hash of a string key, the same as that of a `Variant` that holds it. Texts that differ in
-/// their last character only have hashes that lie together, as do, for one, numbered keys: a table
-/// that takes them in their order then finds its place in the processor's cache, which halves the
-/// time of a million rows there.
+/// The hash of a string key, equal to that of a `Variant` that holds it. Texts that differ only in
+/// their last character, such as consecutively numbered keys, have neighbouring hashes. Access in
+/// the order of the keys then stays in the processor's cache: half the time for a million rows.
 std::size_t variantHash(std::string_view text);
 
-/// The date that a text such as `DateValue::SQLDateTime` gives begins with; the time may be
-/// missing. Nil when the text is no date.
+/// Parses a text in the form of `DateValue::SQLDateTime`; the time may be missing. Nil if the text
+/// is not a date.
 Variant dateFromText(std::string_view text);
 
-/// The colour of a text of "&h" and hexadecimal digits; black when it is none.
+/// Parses "&h" and hexadecimal digits. Black if the text is not a colour.
 Color colorFromText(std::string_view text);
 
 } // namespace skyvert

@@ -19,12 +19,12 @@ namespace {
 constexpr double kNewestPlist = 1.0;
 constexpr double kNewestXmlDict = 1.1;
 
-/// Gathers what stands in an element: texts as they are, all else in its serialised form.
+/// Collects the contents of an element: text unchanged, everything else in serialised form.
 class Contents : public XmlHandler {
 public:
     std::string& gathered() { return text_; }
 
-    /// Whether an element in the element is open.
+    /// Whether a nested element is open.
     bool isNested() const { return depth_ > 0; }
 
     void openElement(const char* name, XmlAttributes attributes) override {
@@ -71,7 +71,7 @@ Variant readDate(std::string& text) {
     return dateFromText(text);
 }
 
-/// A value element without entries, and how its contents are read.
+/// A value element without entries, and the function that reads its contents.
 struct PlainElement {
     std::string_view name;
     Variant (*read)(std::string& contents);
@@ -91,10 +91,10 @@ constexpr std::array<PlainElement, 8> kPlainElements{{
 /// Reads the entries that it receives into a storage.
 class EntriesReader : public Contents {
 public:
-    /// Takes what follows for the entries of a storage, until they end.
+    /// Starts reading the entries of a storage, until its closing tag.
     void begin(Variant storage) { levels_.emplace_back().storage = std::move(storage); }
 
-    /// Whether entries have begun and not ended.
+    /// Whether the entries of a storage are being read.
     bool isReading() const { return !levels_.empty(); }
 
     void openElement(const char* name, XmlAttributes attributes) override {
@@ -118,12 +118,12 @@ private:
     // NOLINTNEXTLINE(bugprone-exception-escape): see `Variant`
     struct Level {
         Variant storage;
-        Variant key; ///< of the entry that comes next; Nil when there has been none
+        Variant key; ///< of the next entry; Nil before its `key` element
     };
 
     bool openContainer(std::string_view name) {
         if (equalsIgnoringCase(name, "dict")) {
-            // A second dictionary under the same key adds to the first.
+            // A second dictionary under the same key is merged into the first.
             const Variant& present = StorageByKey(levels_.back().storage, levels_.back().key);
             begin(present.object<Dictionary>() != nullptr ? present
                                                           : std::make_shared<Dictionary>());
@@ -165,7 +165,7 @@ private:
     }
 
     std::vector<Level> levels_;
-    bool isPlain_ = false; ///< whether the open element is a key or a value without entries
+    bool isPlain_ = false; ///< the open element is a key or a value without entries
 };
 
 /// Reads a document into a dictionary.
@@ -173,7 +173,7 @@ class DocumentReader final : public EntriesReader {
 public:
     explicit DocumentReader(std::shared_ptr<Dictionary> storage) : storage_(std::move(storage)) {}
 
-    /// Whether the document is one that can be read.
+    /// Whether the document has a supported root and version.
     bool isSupported() const { return isSupported_; }
 
     void openElement(const char* name, XmlAttributes attributes) override {
@@ -214,7 +214,7 @@ private:
 
     std::shared_ptr<Dictionary> storage_;
     bool rootIsDue_ = true;
-    bool dictionaryIsDue_ = false; ///< as the first element in a `plist`
+    bool dictionaryIsDue_ = false; ///< in a `plist`, before its first element
     bool isSupported_ = false;
 };
 
@@ -223,7 +223,8 @@ void requireStorage(const std::shared_ptr<Dictionary>& storage) {
         throw std::invalid_argument("There is no dictionary to fill.");
 }
 
-/// Fills a dictionary from a document that `parse` hands to a handler, unless `parse` gives false.
+/// Fills a dictionary from the document that `parse` passes to a handler. Returns false if `parse`
+/// does, or if the document is malformed or unsupported.
 bool load(const std::shared_ptr<Dictionary>& storage,
           const std::function<bool(XmlHandler&)>& parse) {
     requireStorage(storage);

@@ -14,7 +14,7 @@ namespace skyvert {
 
 namespace {
 
-/// What differs between the flavours.
+/// The parts of a document that depend on its flavour.
 struct Flavour {
     const char* root;
     const char* version;
@@ -33,10 +33,10 @@ const Flavour& flavour(bool plist) {
 }
 
 constexpr std::size_t kBase64Line = 45; ///< characters, not bytes
-constexpr std::size_t kUsualEntry = 80; ///< bytes of the text of most entries, or more
+constexpr std::size_t kUsualEntry = 80; ///< bytes, enough for the text of most entries
 constexpr std::string_view kRealMask = "-#.0##############";
 
-// An entry of level n stands n + 1 elements deep, and one more below the `plist` element.
+// An entry of level n is n + 1 elements deep, one more in a `plist`.
 constexpr int kMaxLevel = kMaxXmlDepth - 2;
 
 std::string layout(int level) {
@@ -69,7 +69,7 @@ std::string colorText(Color color) {
     return text;
 }
 
-/// Hands the entries of storages, with their layout, to a handler.
+/// Passes the entries of storages, with their indentation, to a handler.
 class EntriesWriter {
 public:
     EntriesWriter(XmlHandler& out, SeenStorages& seen, bool plist)
@@ -99,7 +99,7 @@ private:
 
     void writeInexpressible() { writeElement(plist_ ? "false" : "null"); }
 
-    /// An element with the text of a value, in characters that a document can hold.
+    /// An element with the text of a value, limited to the characters that XML allows.
     void writeString(const char* name, const Variant& value) {
         const auto text = value.string();
         writeElement(name, text ? xmlCharacters(*text, storage_) : value.stringValue());
@@ -149,7 +149,7 @@ private:
         out_.closeElement(name);
     }
 
-    /// Base64 in lines of their own, as deep as the element.
+    /// Base64, on separate lines with the indentation of the element.
     void writeBytes(const char* name, std::string_view bytes, const std::string& indent) {
         const std::string text = EncodeBase64(bytes);
         out_.openElement(name, {});
@@ -164,10 +164,10 @@ private:
     XmlHandler& out_;
     SeenStorages& seen_;
     bool plist_;
-    std::string storage_; ///< room for texts whose characters had to be replaced
+    std::string storage_; ///< holds a text in which characters had to be replaced
 };
 
-/// Hands the nodes of a document to a handler.
+/// Passes the nodes of a dictionary's document to a handler.
 void writeDocument(const std::shared_ptr<Dictionary>& storage, XmlHandler& out, bool plist) {
     if (!storage)
         throw std::invalid_argument("There is no dictionary to write.");

@@ -10,8 +10,8 @@ namespace skyvert {
 
 namespace {
 
-/// The reference that stands for a character in a text, or nothing for one that stands for itself.
-/// A carriage return would be read back as a line feed.
+/// The reference that escapes a character of a text, or nothing if it needs none. A carriage return
+/// would be read back as a line feed.
 constexpr std::string_view textReference(char character) {
     switch (character) {
     case '&':
@@ -27,7 +27,7 @@ constexpr std::string_view textReference(char character) {
     }
 }
 
-/// The same in the value of an attribute, where other white space would be read back as a blank.
+/// The same for the value of an attribute, where tab and line feed would be read back as a blank.
 constexpr std::string_view attributeReference(char character) {
     switch (character) {
     case '"':
@@ -56,7 +56,7 @@ void appendEscaped(std::string_view text, std::string& out) {
     }
 }
 
-/// Whether a text has nothing but the ASCII characters of an ordinary text.
+/// Whether a text consists of ASCII characters that XML allows.
 bool isPlain(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char character) {
         const auto byte = static_cast<signed char>(character);
@@ -64,7 +64,7 @@ bool isPlain(std::string_view text) {
     });
 }
 
-/// The character at the start of a text, as a document can hold it; it is taken off the text.
+/// Removes the character at the start of a text. Returns it, or a replacement that XML allows.
 std::string xmlCharacter(std::string_view& text) {
     const std::size_t length = utf8Length(text);
     std::string character(text.substr(0, std::max(std::size_t{1}, length)));
@@ -79,7 +79,7 @@ std::string xmlCharacter(std::string_view& text) {
     return replacement;
 }
 
-/// Drives a handler with a node and everything below it.
+/// Passes a node and everything below it to a handler.
 void tell(XmlNode node, XmlHandler& handler) {
     switch (node.type()) {
     case pugi::node_element: {
@@ -99,7 +99,7 @@ void tell(XmlNode node, XmlHandler& handler) {
     case pugi::node_pi:
         return handler.instruction(node.name(), node.value());
     default:
-        return; // no handler is told of declarations and document types
+        return; // declarations and document types are not passed on
     }
 }
 

@@ -26,11 +26,12 @@ bool isXmlVersion(std::string_view version) {
            version.find_first_not_of("0123456789", 2) == std::string_view::npos;
 }
 
-/// Finds surrogates of UTF-16 without their other half: libexpat takes whatever follows a high
-/// surrogate for a low one.
+/// Finds unpaired surrogates in UTF-16. libexpat does not: it takes any unit after a high surrogate
+/// for a low one.
 class SurrogateCheck {
 public:
-    /// Looks at the next block of a document, of at least two bytes if it is the first.
+    /// Checks the next block of a document. The first must have at least two bytes. Throws
+    /// `XmlException`.
     void look(std::string_view block) {
         if (!began_) {
             began_ = true;
@@ -50,10 +51,10 @@ private:
     bool began_ = false;
     bool isUtf16_ = false;
     bool lowIsDue_ = false;
-    std::size_t highByte_ = 0; ///< of each unit: the first or the second
+    std::size_t highByte_ = 0; ///< its index in a unit of two bytes
 };
 
-/// A handler driven by libexpat.
+/// Drives a handler by libexpat.
 class Parser {
 public:
     explicit Parser(XmlHandler& handler) : handler_(handler) {
@@ -77,7 +78,7 @@ public:
             parser_.get(), [](void* self, const char*, int) { call<&Parser::refuseEntity>(self); });
     }
 
-    /// Takes the next block, all of them but the last of `kBlockSize`.
+    /// Parses the next block. All but the last have `kBlockSize` bytes. Throws `XmlException`.
     void feed(std::string_view block, bool isLast) {
         if (!isLast || block.size() > 1)
             surrogates_.look(block);
@@ -98,8 +99,8 @@ private:
         void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
     };
 
-    /// A function for libexpat that calls a member. No exception passes through libexpat: it stops
-    /// there, and `feed` throws.
+    /// A callback for libexpat that calls a member. No exception passes through libexpat: the first
+    /// is kept and stops the parser, and `feed` throws it again.
     template <auto member, typename... Arguments>
     static void XMLCALL call(void* self, Arguments... arguments) {
         auto& parser = *static_cast<Parser*>(self);
@@ -117,7 +118,7 @@ private:
         flushText();
         if (++depth_ > kMaxXmlDepth)
             malformed("nested too deeply");
-        // Without those that a document type adds.
+        // Not those that a document type adds as defaults.
         const int count = XML_GetSpecifiedAttributeCount(parser_.get());
         handler_.openElement(name, {attributes, static_cast<std::size_t>(count)});
     }
@@ -166,7 +167,7 @@ private:
     bool isFirst_ = true;
     bool hasUtf8Mark_ = false;
     int depth_ = 0;
-    std::string text_; ///< what of a text or CDATA section has come so far
+    std::string text_; ///< the part of a text or CDATA section read so far
     std::exception_ptr failure_;
 };
 
