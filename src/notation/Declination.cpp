@@ -31,7 +31,7 @@ char* RADecFormat::writeDec(double degrees, char* to) const {
         return std::copy(kUnknownFormat.begin(), kUnknownFormat.end(), to);
     if (!decNotation_->showsSign)
         return writeFields(to, *decNotation_, degrees, DecDecimals_);
-    // The sign of the whole value: a first field of zero would lose it.
+    // Written separately, since a first field of zero would lose the sign.
     *to++ = 0.0 > degrees ? '-' : '+';
     return writeFields(to, *decNotation_, std::fabs(degrees), DecDecimals_);
 }

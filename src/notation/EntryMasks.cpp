@@ -6,7 +6,7 @@ namespace skyvert {
 
 namespace {
 
-/// The notation's mask, with a literal point unless numbers are localised.
+/// The notation's mask; unless numbers are localised, its decimal point is made literal.
 std::string maskOf(const Notation* notation, bool localised) {
     if (notation == nullptr)
         return {};

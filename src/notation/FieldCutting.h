@@ -9,12 +9,12 @@ namespace skyvert {
 
 class RADecFormat;
 
-/// The fields of a coordinate as typed, unchecked: hours or degrees, minutes and seconds.
+/// The fields of a coordinate, not checked: hours or degrees, minutes, seconds.
 using Fields = std::array<double, 3>;
 
-/// Splits a text by the notation's method and reads each field like `reader`'s `StrToDbl`. Missing
-/// fields are 0; fields after the third are ignored. Notations with two and with three fields that
-/// share a method read each other's texts.
+/// Splits a text by the notation's way of cutting and reads each field as `StrToDbl` of `reader`
+/// does. Missing fields are 0; fields after the third are ignored. Except in columns, notations of
+/// two and three fields that share a way of cutting read each other's texts.
 Fields cutFields(std::string_view text, const Notation& notation, const RADecFormat& reader);
 
 } // namespace skyvert

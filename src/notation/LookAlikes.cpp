@@ -9,17 +9,17 @@ namespace skyvert {
 
 namespace {
 
-/// Characters that are read as another one, or as nothing.
+/// A range of characters that are read as another character, or as nothing.
 struct LookAlike {
     char32_t first;
     char32_t last;
     std::string_view meant;
 };
 
-/// Whole families of the Unicode Character Database, version 15. Sorted by their code points.
+/// Whole families of the Unicode Character Database, version 15, sorted by code point.
 constexpr auto kLookAlikes = [] {
     std::array table{
-        // General_Category Pd (dash punctuation) without the hyphen-minus itself
+        // General_Category Pd (dash punctuation) except the hyphen-minus
         LookAlike{0x058A, 0x058A, "-"},
         LookAlike{0x05BE, 0x05BE, "-"},
         LookAlike{0x1400, 0x1400, "-"},
@@ -38,20 +38,20 @@ constexpr auto kLookAlikes = [] {
         LookAlike{0xFE63, 0xFE63, "-"},
         LookAlike{0xFF0D, 0xFF0D, "-"},
         LookAlike{0x10EAD, 0x10EAD, "-"},
-        // the minus sign, and what decomposes to it
+        // the minus sign and the characters that decompose to it
         LookAlike{0x2212, 0x2212, "-"},
         LookAlike{0x207B, 0x207B, "-"},
         LookAlike{0x208B, 0x208B, "-"},
-        // the soft hyphen, which a copy from a PDF file often has for a hyphen or a minus
+        // the soft hyphen; text copied from a PDF file often has it instead of a hyphen or a minus
         LookAlike{0x00AD, 0x00AD, "-"},
-        // General_Category Zs (space separator) without the space itself
+        // General_Category Zs (space separator) except the space
         LookAlike{0x00A0, 0x00A0, " "},
         LookAlike{0x1680, 0x1680, " "},
         LookAlike{0x2000, 0x200A, " "},
         LookAlike{0x202F, 0x202F, " "},
         LookAlike{0x205F, 0x205F, " "},
         LookAlike{0x3000, 0x3000, " "},
-        // Default_Ignorable_Code_Point (zero width, invisible) without the soft hyphen
+        // Default_Ignorable_Code_Point (zero width, invisible) except the soft hyphen
         LookAlike{0x034F, 0x034F, ""},
         LookAlike{0x061C, 0x061C, ""},
         LookAlike{0x115F, 0x1160, ""},
@@ -68,8 +68,8 @@ constexpr auto kLookAlikes = [] {
         LookAlike{0x1BCA0, 0x1BCA3, ""},
         LookAlike{0x1D173, 0x1D17A, ""},
         LookAlike{0xE0000, 0xE0FFF, ""},
-        // named PRIME, APOSTROPHE, COMMA as a modifier letter, ACUTE ACCENT or SINGLE ... QUOTATION
-        // MARK, those of one stroke
+        // one stroke: named PRIME, APOSTROPHE, COMMA (as a modifier letter), ACUTE ACCENT or
+        // SINGLE ... QUOTATION MARK
         LookAlike{0x00B4, 0x00B4, "'"},
         LookAlike{0x02B9, 0x02B9, "'"},
         LookAlike{0x02BB, 0x02BD, "'"},
@@ -80,7 +80,7 @@ constexpr auto kLookAlikes = [] {
         LookAlike{0x2032, 0x2032, "'"},
         LookAlike{0x2035, 0x2035, "'"},
         LookAlike{0xFF07, 0xFF07, "'"},
-        // the same of two strokes, named DOUBLE, and plain (full width) QUOTATION MARK
+        // two strokes: the same names with DOUBLE, and the fullwidth QUOTATION MARK
         LookAlike{0x02BA, 0x02BA, "\""},
         LookAlike{0x02DD, 0x02DD, "\""},
         LookAlike{0x02EE, 0x02EE, "\""},
@@ -91,14 +91,14 @@ constexpr auto kLookAlikes = [] {
         LookAlike{0x2E42, 0x2E42, "\""},
         LookAlike{0x301D, 0x301F, "\""},
         LookAlike{0xFF02, 0xFF02, "\""},
-        // named RING ABOVE, RING OPERATOR, and ORDINAL INDICATOR with "o"; raised "o" and "0"
+        // RING ABOVE, RING OPERATOR, MASCULINE ORDINAL INDICATOR, superscript o and 0
         LookAlike{0x00BA, 0x00BA, "°"},
         LookAlike{0x02DA, 0x02DA, "°"},
         LookAlike{0x030A, 0x030A, "°"},
         LookAlike{0x1D52, 0x1D52, "°"},
         LookAlike{0x2070, 0x2070, "°"},
         LookAlike{0x2218, 0x2218, "°"},
-        // decomposes to a raised h, m or s
+        // superscript h, m and s
         LookAlike{0x02B0, 0x02B0, "h"},
         LookAlike{0x1D50, 0x1D50, "m"},
         LookAlike{0x02E2, 0x02E2, "s"},
@@ -107,7 +107,7 @@ constexpr auto kLookAlikes = [] {
     return table;
 }();
 
-/// What a character is read as: a look-alike's meaning, or else itself.
+/// The meaning of a character: that of a look-alike, otherwise the character itself.
 std::string_view meaningOf(std::string_view character) {
     const char32_t point = codePoint(character);
     const auto* const next = std::ranges::upper_bound(kLookAlikes, point, {}, &LookAlike::first);

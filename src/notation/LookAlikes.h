@@ -5,16 +5,16 @@
 
 namespace skyvert {
 
-/// Turns characters that look like those of a notation into them: all dashes into a minus, all
-/// spaces into a blank, primes, quotes and accents into the marks of minutes and seconds, rings and
-/// the ordinal indicator into a degree sign, raised h, m and s into letters; characters of no width
-/// go. For texts that come from outside: imported, typed or pasted.
+/// Replaces characters that look like those of a notation: dashes by "-", spaces by a blank,
+/// primes, quotes and accents by the marks of minutes and seconds, rings and the ordinal indicator
+/// by the degree sign, superscript h, m and s by the letters. Zero-width characters are removed.
+/// For imported, typed or pasted texts.
 ///
-/// Returned: `text` itself when it is all ASCII, else a view of `storage`, which `text` must not
-/// view.
+/// Returned: `text` itself if it is ASCII, otherwise a view of `storage`. `text` must not be a view
+/// of `storage`.
 std::string_view foldLookAlikes(std::string_view text, std::string& storage);
 
-/// The same as a text of its own.
+/// The same, returned as a string.
 std::string foldedLookAlikes(std::string_view text);
 
 } // namespace skyvert

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-// Messages and values for failures that right ascension and declination share.
+// Error messages and values shared by right ascension and declination.
 namespace skyvert {
 
 constexpr std::string_view kUnknownFormat = "Unknown format!";

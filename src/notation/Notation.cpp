@@ -9,7 +9,7 @@ namespace skyvert {
 namespace {
 
 // Masks with letters, marks or no separator have one optional digit more than the others. No mask
-// ends in a closing mark: the parsers do not need it.
+// has the closing mark, which the parsers do not need.
 // clang-format off
 constexpr Notation kNotationsOfRA[] = {
     {"HH",           false, false, 1, 1, "",  "",  "",   Cutting::Whole,   ""},

@@ -8,18 +8,18 @@
 
 namespace skyvert {
 
-/// How a text is cut into first field, minutes and seconds.
+/// The ways of cutting a text into first field, minutes and seconds.
 enum class Cutting {
     Whole,   ///< the text is one number
     Blanks,  ///< at blanks; two adjacent ones count as one
     Colons,  ///< at colons, blanks ignored
     Letters, ///< at "h", "m" and "s" or colons, blanks ignored
     Marks,   ///< at the degree sign, the minute and second marks or colons, blanks ignored
-    Columns, ///< by column; the last field takes the rest
+    Columns, ///< at fixed positions; the last field takes the rest
 };
 
-/// A separator between two fields, or the mark after the last one: at most one character of two
-/// bytes, stored for writing and comparing without a loop.
+/// A separator between two fields, or the mark after the last: one character of at most two bytes,
+/// or none. Stored so that it is written and compared without a loop.
 struct Mark {
     constexpr Mark() = default;
 
@@ -36,15 +36,15 @@ struct Mark {
 /// Everything that defines a notation.
 struct Notation {
     std::string_view name;
-    bool inDegrees;  ///< of right ascension: written in degrees, not hours
-    bool showsSign;  ///< of declination: always written with "+" or "-"
+    bool inDegrees;  ///< right ascension only: written in degrees, not hours
+    bool showsSign;  ///< declination only: always written with "+" or "-"
     int fields;      ///< 1, 2 or 3; the last one has the decimals
     int firstDigits; ///< least number of digits of the first field
     Mark firstSeparator;
     Mark secondSeparator;
     Mark closingMark;
     Cutting cutting;
-    std::string_view mask; ///< for the entry field, with the locale's decimal separator
+    std::string_view mask; ///< of the entry field; "." is the locale's decimal separator
 };
 
 /// The catalogues, in the order in which the popups offer them.

@@ -13,12 +13,12 @@ namespace skyvert {
 
 namespace {
 
-/// No position is longer. Keeps a book on the clipboard from being searched for one.
+/// No position is longer. Keeps a large text on the clipboard from being searched.
 constexpr std::size_t kLongestText = 100;
 
-constexpr std::size_t kLongestNumber = 3; ///< more digits in a run are several numbers
+constexpr std::size_t kLongestNumber = 3; ///< in digits; a longer run is several numbers
 
-/// What may follow the first, second and third number; "d" stands for the degree sign as well.
+/// The marks that may follow the first, second and third number; "d" is the degree sign, too.
 constexpr std::array<std::string_view, 3> kUnits{"hd:", "m':", "s\""};
 
 constexpr std::string_view kBetweenCoordinates = " \t,;";
@@ -27,7 +27,7 @@ bool isDigit(char byte) {
     return byte >= '0' && byte <= '9';
 }
 
-/// What a mask has room for; no numbers for the empty mask.
+/// The numbers that a mask asks for; none for the empty mask.
 struct Shape {
     explicit Shape(std::string_view mask);
 
@@ -35,12 +35,12 @@ struct Shape {
 
     std::size_t digits() const { return std::reduce(widths.begin(), widths.end()); }
 
-    /// Only declination has a sign, and three digits count degrees up to 360.
+    /// Only declination has a sign; a first number of three digits is in degrees.
     bool isInDegrees() const { return isSigned || (!takesAny() && widths.front() == 3); }
 
     bool isSigned = false;
-    std::vector<std::size_t> widths;     ///< the digits of each number
-    std::vector<std::string> separators; ///< what stands in front of each number
+    std::vector<std::size_t> widths;     ///< of each number, in digits
+    std::vector<std::string> separators; ///< before each number
     std::size_t decimals = 0;
 
 private:
@@ -66,7 +66,7 @@ Shape::Shape(std::string_view mask) {
     addNumbers(run, separator);
 }
 
-/// Adds a run of digits. Of several numbers in it, each but the first has two digits.
+/// Adds a run of digits. If it is several numbers, all but the first have two digits.
 void Shape::addNumbers(std::size_t digits, std::string separator) {
     std::size_t width = digits <= kLongestNumber ? digits : 2 + digits % 2;
     while (digits > 0) {
@@ -81,8 +81,8 @@ void Shape::addNumbers(std::size_t digits, std::string separator) {
 struct Coordinate {
     std::string sign;
     std::vector<std::string_view> numbers; ///< the digits of each, before the decimals
-    std::string decimals;                  ///< those of the last number, with their separator
-    char unit = '\0';                      ///< what follows the first number, of `kUnits`
+    std::string decimals;                  ///< of the last number, with their separator
+    char unit = '\0';                      ///< the mark of `kUnits` after the first number
 };
 
 /// Reads a whole text as one coordinate.
@@ -110,8 +110,8 @@ public:
     }
 
 private:
-    /// Reads what may stand behind the digits of a number, also as in 31s.97. Returned: whether the
-    /// number has ended for sure.
+    /// Reads what may follow the digits of a number, including decimals after the mark, as in
+    /// 31s.97. Returns whether a mark or blank has ended the number.
     bool readEndOfNumber(std::string_view units) {
         takeDecimals();
         const bool isBlankBefore = skipBlanks();
@@ -158,7 +158,8 @@ private:
     Coordinate read_;
 };
 
-/// Cuts digits that fill all numbers of a shape, written together, into these.
+/// Splits a single run of digits into the numbers of a shape if it has as many digits as all of
+/// them.
 void separateNumbers(Coordinate& coordinate, const Shape& shape) {
     if (coordinate.numbers.size() != 1 || coordinate.numbers[0].size() != shape.digits())
         return;
@@ -195,7 +196,7 @@ std::string write(const Coordinate& coordinate, const Shape& shape) {
     return text += coordinate.decimals.substr(0, 1 + shape.decimals);
 }
 
-/// The text with one character for each mark, as `kUnits` has them.
+/// The text with each mark as the single character of `kUnits`.
 std::string withPlainMarks(std::string_view text) {
     return ReplaceAll(ReplaceAll(text, "°", "d"), "''", "\"");
 }
@@ -220,7 +221,7 @@ bool isWhole(const std::optional<Coordinate>& coordinate, const Shape& shape) {
            fits(*coordinate, shape);
 }
 
-/// Both coordinates with a cut at `at`, if they are whole.
+/// The coordinates before and from `at`, if both are complete.
 std::optional<PositionTexts> splitAt(std::string_view text, std::size_t at, const Shape& raShape,
                                      const Shape& decShape) {
     const auto ra = readFor(raShape, trimmed(text.substr(0, at)));

@@ -11,8 +11,8 @@ namespace skyvert {
 
 namespace {
 
-/// The message for the first field that is out of range, or empty. Given: hours; minutes and
-/// seconds as typed.
+/// The message for the first field that is out of range, or empty. Given: the first field in hours,
+/// minutes and seconds as typed.
 std::string_view checkFields(const Fields& fields, bool inDegrees) {
     const auto [first, minutes, seconds] = fields;
     if (0.0 > first || first >= 24.0)
