@@ -40,14 +40,14 @@ std::int64_t presetRow(Matches matches, std::int64_t otherwise) {
     return found == std::end(kPresets) ? otherwise : found - std::begin(kPresets);
 }
 
-/// The row of the preset on a day, or `otherwise`.
+/// The row of the preset with the same day as `date`, or `otherwise`.
 std::int64_t presetRowOfDay(const Date& date, std::int64_t otherwise) {
     const std::string day = date.SQLDate();
     return presetRow([&](const Preset& preset) { return preset.date().SQLDate() == day; },
                      otherwise);
 }
 
-/// The stored row; -1 stands for no selection.
+/// The stored row, -1 for no selection. Throws `std::invalid_argument` if there is no such row.
 std::int64_t storedRow(const JsonObject& stored) {
     const auto isDefault = [](const Preset& preset) { return preset.name == kDefaultPreset; };
     const std::int64_t row = stored.integer(kPopupMember).value_or(presetRow(isDefault, -1));
@@ -77,7 +77,7 @@ const Date& EpochValue::currentEpoch() const {
     return *mepoch_;
 }
 
-/// Computes the Julian date here, not when it is read: each row of an import reads it.
+/// Computes the Julian date once, since each row of an import reads it.
 void EpochValue::become(const Date& date) {
     mepoch_ = date;
     julianDate_ = DateToJulian(date);
@@ -92,14 +92,14 @@ std::int64_t EpochValue::rowOfDay(const Date& date) const {
     return presetRowOfDay(date, isToday ? kNowRow : kOtherRow);
 }
 
-/// The date of a row; `other` if the row has none.
+/// The date of a preset row or of "JNow", otherwise `other`.
 Date EpochValue::dateOfRow(std::int64_t row, const Date& other) const {
     if (row >= 0 && row < kNowRow)
         return kPresets[row].date();
     return row == kNowRow ? clock_.now() : other;
 }
 
-/// Passes a copy, which stays valid if the owner assigns an epoch.
+/// Passes a copy, which stays valid if the handler assigns an epoch.
 void EpochValue::raiseValueChanged() const {
     if (ValueChanged)
         ValueChanged(Date(currentEpoch()));
@@ -170,7 +170,7 @@ void EpochValue::setSerialised(std::string_view text) {
     date.setSQLDate(stored.text(kDateMember).value_or(date.SQLDate()));
     view_.selectRow(row);
     view_.showDate(date);
-    // The handlers above may have run before the date control had its date.
+    // The handlers of these assignments may have run before the date control had its date.
     become(dateOfRow(view_.selectedRow(), date));
 }
 

@@ -27,7 +27,8 @@ public:
     virtual std::int64_t selectedRow() const = 0;
     virtual void selectRow(std::int64_t row) = 0;
 
-    /// The date shown. Another date calls `EpochValue::epochDate_ValueChanged` while it is visible.
+    /// The date shown. Showing another one calls `EpochValue::epochDate_ValueChanged` if the date
+    /// is visible.
     virtual const Date& shownDate() const = 0;
     virtual void showDate(const Date& date) = 0;
 
@@ -43,17 +44,17 @@ protected:
     EpochView& operator=(const EpochView&) = default;
 };
 
-/// The epoch of a selector: how a preset, the present day or a free date becomes an epoch, and the
-/// text that stores the selection between runs.
+/// The epoch of a selector: turns a preset, the current day or a chosen date into an epoch, and
+/// stores the selection as text between runs.
 ///
-/// The letters B and J are part of the presets' names only: each preset is 1 January of its year.
+/// "B" and "J" are only part of a preset's name: each preset is 1 January of its year.
 class EpochValue {
 public:
     /// The view and the clock must outlive the object. There is no epoch until one is assigned,
     /// selected or restored, whatever the view shows.
     EpochValue(EpochView& view, const Clock& clock, Locale locale);
 
-    /// Runs after a selection, by the user or a restore, has set the epoch.
+    /// Runs after the user or a restored selection has set the epoch.
     std::function<void(const Date&)> ValueChanged;
 
     /// The current epoch. It does not follow the clock: "JNow" is the moment of its selection.
@@ -66,31 +67,31 @@ public:
     /// The epoch as a year with a fraction, in years of 365.25 days; 0.0 without an epoch.
     double epochYear() const;
 
-    /// Sets the epoch to the day nearest to a year with a fraction, at the present clock time.
-    /// February counts as 28 days in every year; a day after the last one becomes 31 December.
+    /// Sets the epoch to the day nearest to a year with a fraction, at the current time of day.
+    /// February has 28 days in every year; a day after the last one becomes 31 December.
     void setEpochYear(double year);
 
     /// The Julian date of 0h of the epoch's day. Throws `std::logic_error` without an epoch.
     double epochJulian() const;
     void setEpochJulian(double julianDate);
 
-    /// The selection as JSON: the popup's row, and the day in the date control whichever row is
-    /// selected. For instance `{"epochPopup":2,"epochDate":"2000-01-01"}`.
+    /// The selection as JSON: the row of the popup, and the day in the date control, whichever row
+    /// is selected. For instance `{"epochPopup":2,"epochDate":"2000-01-01"}`.
     std::string serialised() const;
 
-    /// Restores a selection. The empty text and missing members stand for "J2000.0" and the present
-    /// day in the date control. Throws `std::invalid_argument` and changes nothing if the text is
-    /// not a JSON object or names a row or date that does not exist.
+    /// Restores a selection. For the empty text and for missing members the defaults are "J2000.0"
+    /// and the current day in the date control. Throws `std::invalid_argument` and changes nothing
+    /// if the text is not a JSON object or names a row or date that does not exist.
     void setSerialised(std::string_view text);
 
-    /// Call after another row of the popup has been selected.
+    /// The view calls this after the selected row of the popup has changed.
     void epochPopup_Change();
 
-    /// Call after the date in the date control has changed.
+    /// The view calls this after the date in the date control has changed.
     void epochDate_ValueChanged();
 
-    /// Sets the help tag of the popup: the epoch's year with one decimal, or nothing on the day of
-    /// a preset, whose name already shows it. Throws `std::logic_error` without an epoch.
+    /// Sets the help tag of the popup to the epoch's year with one decimal, or clears it on the day
+    /// of a preset, whose name shows the year. Throws `std::logic_error` without an epoch.
     void SetHelpTag();
 
 private:

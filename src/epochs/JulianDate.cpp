@@ -9,14 +9,15 @@ namespace skyvert {
 
 namespace {
 
-// Integers up to this size are exact as doubles, and the formulas stay within 64 bits.
+// Limits year, month and Julian date: up to here integers are exact as doubles, and the formulas
+// stay within 64 bits.
 constexpr std::int64_t kFarthest = 1'000'000'000'000'000;
 
 double toDouble(std::int64_t value) {
     return static_cast<double>(value);
 }
 
-/// The Gregorian calendar starts at day 5.0, not 15: it includes the ten days that were skipped.
+/// The Gregorian calendar starts at day 5.0, not 15.0, and so includes the ten skipped days.
 bool isJulianCalendar(std::int64_t year, std::int64_t month, double day) {
     return year < 1582 || (year == 1582 && (month < 10 || (month == 10 && day < 5.0)));
 }
@@ -26,7 +27,8 @@ std::int64_t gregorianCorrection(std::int64_t year) {
     return 2 - century + Int(toDouble(century) / 4.0);
 }
 
-/// Moves a day number, the floor of a Julian date + 0.5, from the Gregorian to the Julian calendar.
+/// Corrects a day number (the floor of a Julian date + 0.5) from the Gregorian to the Julian
+/// calendar.
 std::int64_t toJulianCalendar(std::int64_t dayNumber) {
     if (dayNumber < 2299161)
         return dayNumber;
@@ -53,8 +55,8 @@ Date withTimeOfDay(std::int64_t year, std::int64_t month, double day) {
         extraSeconds = 86400.0;
     }
     Date date(year, month, Int(day), Int(hours), Int(minutes), seconds);
-    // Only if the time crosses into the next day: through `TotalSeconds`, 29 February 1500, which
-    // only the Julian calendar has, would become 1 March.
+    // Only if the time rounds to the next day: `TotalSeconds` would turn 29 February 1500, which
+    // exists only in the Julian calendar, into 1 March.
     if (extraSeconds != 0.0)
         date.setTotalSeconds(date.TotalSeconds() + extraSeconds);
     return date;

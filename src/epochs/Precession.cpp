@@ -9,8 +9,8 @@ namespace skyvert {
 namespace {
 
 // Rounded on purpose, not derived from pi: existing lists were computed with these decimals, and
-// results are compared with them to the last digit. To radians and back changes a right ascension
-// by about 1 part in 10^11 and a declination by about 1 part in 10^9.
+// results must agree with them to the last digit. Conversion to radians and back changes a right
+// ascension by about 1 part in 10^11 and a declination by about 1 part in 10^9.
 constexpr double kRadiansPerHour = 0.2617993878;
 constexpr double kRadiansPerDegree = 0.0174532925;
 constexpr double kRadiansPerArcsecond = 4.848136805555555e-6; // 0.0174532925 / 3600
@@ -21,8 +21,8 @@ constexpr double kFullTurn = 6.2831853072;
 constexpr double kJ2000 = 2451545.0;
 constexpr double kDaysPerCentury = 36525.0;
 
-/// Degrees beyond which the declination is computed from the distance to the axis: near the pole
-/// the sine is flat, and its inverse loses digits.
+/// In degrees. Beyond it the declination is computed from the distance to the axis: near a pole the
+/// sine is flat, so its inverse loses digits.
 constexpr double kPolarDeclination = 89.0;
 
 struct NamedEpoch {
@@ -46,7 +46,7 @@ double clampToUnit(double value) {
     return std::clamp(value, -1.0, 1.0);
 }
 
-/// The declination of the direction (a, b, c) in radians, from its distance to the axis.
+/// The declination, in radians, of the direction (a, b, c), from its distance to the axis.
 double polarDeclination(double a, double b, double c) {
     const double magnitude = std::acos(clampToUnit(std::sqrt(a * a + b * b)));
     return c < 0.0 ? -magnitude : magnitude;
@@ -55,7 +55,8 @@ double polarDeclination(double a, double b, double c) {
 } // namespace
 
 double Normalise(double value, double low, double high) {
-    // Turn by turn, precession gets the same bits everywhere; beyond this many turns, time counts.
+    // Up to this many turns the spans are added one by one, which rounds as existing results do.
+    // Beyond it that would take too long.
     constexpr double kManyTurns = 1e6;
     const double span = high - low;
     double r = value;

@@ -16,11 +16,11 @@ struct Pair {
 /// NaN.
 double Normalise(double value, double low, double high);
 
-/// Carries positions from the mean equator and equinox of one epoch to those of another: the
+/// Precesses positions from the mean equator and equinox of one epoch to those of another: the
 /// rigorous method with the equatorial precession angles of the IAU 1976 system, without proper
 /// motion.
 ///
-/// Notes: The angles depend on the two epochs alone, so one object serves a whole list.
+/// Notes: The angles depend only on the two epochs, so one object can convert a whole list.
 ///
 /// References:
 /// Lieske, J. H. et al., 1977, Astron. Astrophys. 58, 1-16: the angles zeta, z and theta.
@@ -35,8 +35,8 @@ public:
     /// Given: a position referred to the first epoch; its right ascension may have any value.
     /// Returned: the position referred to the second epoch, right ascension from 0 to 24 hours,
     /// declination from -90 to 90 degrees, each within the rounding of the constants.
-    /// Notes: Equal epochs return the position changed in its last digits, since the conversion
-    /// constants are rounded. A coordinate that is not finite gives NaN.
+    /// Notes: Even for equal epochs the last digits change, since the conversion constants are
+    /// rounded. A coordinate that is not finite gives NaN.
     Pair convert(Pair position) const;
 
 private:
@@ -46,7 +46,7 @@ private:
     double cosTheta_;
 };
 
-/// Carries one position from one epoch to another. Given and returned: as for `Precession`.
+/// Precesses one position. Given and returned: as for `Precession`.
 Pair ConvertEpoch(double fromJulian, double toJulian, Pair position);
 
 } // namespace skyvert
