@@ -8,7 +8,7 @@
 
 namespace skyvert {
 
-/// The machine as the program sees it. The owner keeps every part alive as long as the program.
+/// Everything that the program uses of the desktop. All parts must outlive the program's objects.
 struct Desktop {
     const Locale& locale;
     const Clock& clock;

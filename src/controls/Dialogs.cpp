@@ -7,12 +7,12 @@ namespace skyvert {
 
 namespace {
 
-/// Tells what the failure has left of the memory: the text needs none of it, the window may.
+/// Reports that memory has run out. The text needs no memory, but the message box may.
 void tellOfMemory(Dialogs& dialogs) {
     try {
         dialogs.MsgBox("There is not enough memory to finish this.");
     } catch (const std::bad_alloc&) {
-        // Nothing is left to tell it with, and the program goes on.
+        // There is no memory for the message box either. The program continues.
     }
 }
 

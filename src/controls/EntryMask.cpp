@@ -11,10 +11,10 @@ namespace skyvert {
 
 namespace {
 
-/// A field of more digits is several numbers written together.
+/// In digits. A longer field is several numbers written together.
 constexpr std::size_t kLongestNumber = 3;
 
-/// Which mark closes a text whose last literal is the first of the pair.
+/// The last literal of a mask, and the closing mark that may follow the last number.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kClosingMarks{
     {{"h", "m"}, {"m", "s"}, {"°", "'"}, {"'", "\""}}};
 
@@ -56,14 +56,14 @@ bool EntryMask::Field::isLedBy(std::string_view character) const {
                              (leadIsDecimal && (character == "." || character == ",")));
 }
 
-/// Finds the field of each character of a text that stands. Unlike a person's typing, such a text
-/// may have fields that a deletion has left short or empty.
+/// Assigns each character of the present text to its field. Unlike typed text, it may have fields
+/// that a deletion has left short or empty.
 class EntryMask::Reader {
 public:
     Reader(const std::vector<Field>& fields, const Characters& characters)
         : fields_(fields), characters_(characters) {}
 
-    /// The cells of the text, or nothing when it doesn't fit the mask.
+    /// The cells of the text, or nothing if it does not fit the mask.
     std::optional<std::vector<Cell>> read() {
         for (std::size_t i = 0; i < characters_.size(); ++i)
             if (!place(i))
@@ -88,7 +88,7 @@ private:
                 used_ = 0;
                 return true;
             }
-            // A digit runs on into the next field; anything else only passes a sign left out.
+            // A digit moves on to the next field; another character may only skip a missing sign.
             if (isDigit(character) ? next.leadIsDecimal : !fields_[field_].takesAny)
                 return false;
         }
@@ -100,7 +100,7 @@ private:
         return hasRoom && (field.takesAny ? isSignHere(index) : isDigit(characters_[index]));
     }
 
-    /// A digit or a separator with more behind it shows that the sign was left out or deleted.
+    /// A digit, or a separator followed by more text, shows that the sign is missing.
     bool isSignHere(std::size_t index) const {
         const std::string_view character = characters_[index];
         const bool isLast = index + 1 == characters_.size();
@@ -112,16 +112,16 @@ private:
     const Characters& characters_;
     std::vector<Cell> cells_;
     std::size_t field_ = 0;
-    std::size_t used_ = 0; ///< characters in the field
+    std::size_t used_ = 0; ///< characters read in the field
 };
 
-/// The content of the fields while one change is made to it.
+/// The contents of the fields during one change.
 class EntryMask::Edit {
 public:
     explicit Edit(const std::vector<Field>& fields) : fields_(fields), contents_(fields.size()) {}
 
-    /// Starts with a text that stands, less the characters from `first` to before `last`, and with
-    /// the caret in their place.
+    /// Starts with the present text without the characters from `first` up to but not including
+    /// `last`, and with the caret in their place.
     Edit(const std::vector<Field>& fields, std::span<const Cell> cells, std::size_t first,
          std::size_t last)
         : Edit(fields) {
@@ -138,7 +138,7 @@ public:
                            [this](std::string_view character) { return type(character); });
     }
 
-    /// Types a text and then what stands behind the caret.
+    /// Types the text before and the text after the caret. Returns false if they do not fit.
     bool typeAround(const Characters& characters, const Characters& behindCaret) {
         if (!typeAll(characters))
             return false;
@@ -173,7 +173,8 @@ private:
 
     const Field& field() const { return fields_[field_]; }
 
-    /// The characters in a field: digits are single bytes, and other fields hold one character.
+    /// The number of characters in a field. Digits are single bytes; any other field holds at most
+    /// one character.
     std::size_t length(std::size_t field) const {
         return fields_[field].takesAny ? std::min<std::size_t>(contents_[field].size(), 1)
                                        : contents_[field].size();
@@ -200,7 +201,8 @@ private:
         return makeRoom(field_);
     }
 
-    /// To the start of the next field, for a digit; not into decimals that stand already.
+    /// Moves to the start of the next field for a digit, but not into existing decimals. Returns
+    /// false if it cannot.
     bool stepOver() {
         const std::size_t next = field_ + 1;
         if (next == fields_.size() || (fields_[next].leadIsDecimal && length(next) > 0))
@@ -215,7 +217,7 @@ private:
         reached_ = std::max(reached_, field);
     }
 
-    /// Moves digits on for which a field has no room.
+    /// Moves digits that exceed a field's capacity to the next field. Returns false if it cannot.
     bool makeRoom(std::size_t from) {
         for (std::size_t i = from; length(i) > fields_[i].capacity; ++i) {
             const std::size_t next = i + 1;
@@ -285,7 +287,7 @@ private:
     std::vector<std::string> contents_;
     std::size_t reached_ = 0; ///< the last field that is shown, with its lead
     std::size_t field_ = 0;   ///< the caret's field
-    std::size_t offset_ = 0;  ///< the caret's place in it, in characters
+    std::size_t offset_ = 0;  ///< the caret's offset in it, in characters
     bool closed_ = false;     ///< only closing marks may follow
 };
 
@@ -302,7 +304,7 @@ EntryMask::EntryMask(std::string_view mask, std::string_view decimalSeparator) {
         } else if (element == ".") {
             addLead(decimalSeparator, true);
         } else {
-            // A point that the mask makes literal is a decimal separator that ignores the locale.
+            // A literal point is a decimal separator, whatever the locale's is.
             const bool isEscaped = element == "\\" && i + 1 < elements.size();
             const std::string_view literal = isEscaped ? elements[++i] : element;
             addLead(literal, literal == ".");
@@ -310,14 +312,15 @@ EntryMask::EntryMask(std::string_view mask, std::string_view decimalSeparator) {
     }
 }
 
-/// Opens the field behind a literal. A literal that opens the mask has an empty field before it.
+/// Starts the field after a literal. A literal at the start of the mask has an empty field before
+/// it.
 void EntryMask::addLead(std::string_view lead, bool isDecimal) {
     if (fields_.empty())
         fields_.emplace_back();
     fields_.push_back({std::string(lead), isDecimal});
 }
 
-/// The field that the next element of a mask belongs to, a new one if need be.
+/// The field that the next element of a mask belongs to; creates one if necessary.
 EntryMask::Field& EntryMask::fieldFor(bool takesAny) {
     const bool fits = !fields_.empty() &&
                       (fields_.back().capacity == 0 || (!takesAny && !fields_.back().takesAny));
@@ -347,7 +350,8 @@ std::optional<EntryText> EntryMask::replace(std::string_view text, std::size_t f
     return fits ? whole.result() : std::move(free);
 }
 
-/// The start of a change to a text that fits, or that fits without what the change replaces.
+/// Starts a change to a text that fits, or that fits without the characters to be replaced. Returns
+/// nothing for any other text.
 std::optional<EntryMask::Edit> EntryMask::editOf(const Characters& characters, std::size_t first,
                                                  std::size_t last) const {
     if (const auto cells = Reader(fields_, characters).read())

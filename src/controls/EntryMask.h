@@ -8,8 +8,7 @@
 
 namespace skyvert {
 
-/// A text in an entry field and where the caret stands in it. Positions in such a text count
-/// characters and start at 0.
+/// The text of an entry field and the position of its caret. Positions count characters from 0.
 struct EntryText {
     std::string text;
     std::size_t caret = 0;
@@ -17,74 +16,74 @@ struct EntryText {
     bool operator==(const EntryText&) const = default;
 };
 
-/// The shape to which an entry field holds what a person types, and the rules of editing in it.
+/// The form that the text of an entry field must have, and the rules of editing it.
 ///
-/// A mask is written with these elements: "#" is a digit, "9" an optional digit, "&" one character
-/// of any kind that opens the text, "\" makes the next character literal, and "." is the system's
-/// decimal separator. A literal, or the decimal separator, cuts the mask into fields. The empty
-/// mask takes any text.
+/// A mask has these elements: "#" is a digit, "9" an optional digit, "&" any one character at the
+/// start of the text, "\" makes the next character literal, and "." is the system's decimal
+/// separator. Literals and the decimal separator divide the mask into fields. The empty mask
+/// accepts any text.
 ///
-/// The text is exactly what is seen, without fill characters, and may end anywhere in the mask.
+/// The text is exactly what the field shows, without fill characters, and may end anywhere in the
+/// mask.
 ///
-/// - A literal is put in when the character behind it is typed, or is typed itself, in any letter
-///   case. Typed where it stands already it moves the caret over it. The decimal separator, literal
-///   or not, is typed as "." or ",", and digits typed at the end of the text run on behind it.
-/// - A literal typed before its field is full fills the field up with leading zeros, which is how
-///   the parsers read it: "1:2" becomes "01:2". A field of more than three digits is several
-///   numbers written together, where a zero could not be placed: there the literal is refused.
-/// - A digit typed into a full field makes room: the last digit of the field moves on into the
-///   next one. Nothing moves across the decimal separator.
-/// - Where "&" asks for a sign, a digit counts as the first digit behind a sign left out. "+" and
-///   "-" replace a sign on either side of the caret.
-/// - A blank where a number has not begun and the closing mark of a notation behind the last
-///   number are taken and dropped, so a text copied from a list fits: `12h 30m 45.5s`. Only the
-///   first character of all for "&" may be a blank.
-/// - A deletion takes digits out of their fields, and the field closes up; the literals stay
-///   between the fields as long as something stands behind them. A literal deleted by itself joins
-///   its fields if what is left fits as it stands, as it does beside an empty field.
+/// - A literal is inserted when the character after it is typed. It may also be typed itself,
+///   ignoring case; if it is there already, the caret moves past it. The decimal separator, literal
+///   or not, is typed as "." or ","; digits typed at the end of the text continue after it.
+/// - A literal typed before its field is full fills the field with leading zeros, as the parsers
+///   read it: "1:2" becomes "01:2". A field of more than three digits is several numbers written
+///   together, where the place of the zeros is unknown: there the literal is refused.
+/// - A digit typed into a full field moves the last digit of the field to the next field. No digit
+///   moves across the decimal separator.
+/// - Where "&" expects a sign, a digit counts as the first digit after an omitted sign. "+" and "-"
+///   replace a sign on either side of the caret.
+/// - A blank before a number and the notation's closing mark after the last number are accepted and
+///   dropped, so that a text copied from a list fits: `12h 30m 45.5s`. "&" takes a blank only as
+///   the first character of the text.
+/// - A deletion removes digits and closes the gap within their field; a literal stays as long as
+///   text follows it. Deleting only a literal joins the fields beside it if the remaining text fits
+///   unchanged, as it does if one of them is empty.
 ///
-/// A text that stands in the field but doesn't fit, because code put it there or because the mask
-/// came later, is completed with the next character if that makes it fit, and is otherwise edited
-/// like free text.
+/// A text may not fit because code has assigned it or the mask was set later. Then a change that
+/// makes it fit is completed by these rules; any other change edits it like free text.
 class EntryMask {
 public:
     /// The empty mask.
     EntryMask() = default;
 
-    /// Any text is a mask: an element that is none of those above counts as literal.
-    /// `decimalSeparator` is what the element "." stands for.
+    /// Any text is a valid mask: a character that is none of the elements above is a literal.
+    /// `decimalSeparator` is the text for the element ".".
     EntryMask(std::string_view mask, std::string_view decimalSeparator);
 
-    /// The text after a person has put `insertion` (a typed character, or a pasted text) in place
-    /// of the characters from `first` up to but not including `last`; or nothing when the result
-    /// would not fit, which leaves the field as it is.
+    /// The text after `insertion` (a typed character or a pasted text) has replaced the characters
+    /// from `first` up to but not including `last`. Nothing if the result would not fit; then the
+    /// field must stay unchanged.
     std::optional<EntryText> replace(std::string_view text, std::size_t first, std::size_t last,
                                      std::string_view insertion) const;
 
     /// The text after the characters from `first` up to but not including `last` are deleted.
-    /// Never refused, but literals that are still needed come back.
+    /// Never refused, but literals that are still needed stay.
     EntryText erase(std::string_view text, std::size_t first, std::size_t last) const;
 
-    /// The text after Backspace: the character before the caret is deleted, and with a literal
-    /// that would come back the one before that.
+    /// The text after Backspace: the character before the caret is deleted; if that is a literal
+    /// that must stay, the character before it.
     EntryText eraseBefore(std::string_view text, std::size_t caret) const;
 
-    /// The text after Delete, which does the same with the character behind the caret.
+    /// The text after Delete: the same for the character after the caret.
     EntryText eraseAfter(std::string_view text, std::size_t caret) const;
 
 private:
-    /// One run of characters of a kind, and the literal before it.
+    /// A run of elements of one kind, and the literal before it.
     struct Field {
         std::string lead; ///< empty for none
         bool leadIsDecimal = false;
         bool takesAny = false;
-        std::size_t required = 0; ///< to how many digits it is filled up
+        std::size_t required = 0; ///< digits to which it is filled with zeros
         std::size_t capacity = 0;
 
         bool isLedBy(std::string_view character) const;
     };
 
-    /// One character of a text that stands, and the field it belongs to.
+    /// A character of the present text, and its field.
     struct Cell {
         std::size_t field = 0;
         bool isLead = false;

@@ -6,39 +6,40 @@
 
 namespace skyvert {
 
-/// What may end long work before its last row.
+/// Who may stop long work before its last row.
 enum class StoppedBy {
-    Nobody,     ///< runs to its end
-    ProgramEnd, ///< ends with the program, and only with it
-    User,       ///< ends when the user stops it, and with the program
+    Nobody,     ///< the work runs to its end
+    ProgramEnd, ///< only the end of the program
+    User,       ///< the user, and the end of the program
 };
 
-/// Shows how far long work has come, and hears when it is to stop. The work runs inside a handler,
-/// so an implementation that processes events lets no other handler run before the work has ended.
+/// Shows the progress of long work and tells the work when to stop. The work runs inside a handler,
+/// so an implementation that processes events must let no other handler run before the work ends.
 class Progress {
 public:
     virtual ~Progress() = default;
 
-    /// Work begins; `what` says which, for instance "Importing". Most work is over in no time: it
-    /// is up to the display when to show something.
+    /// Called when work begins; `what` names it, for instance "Importing". Most work ends quickly,
+    /// so an implementation may wait before it shows anything.
     virtual void begin(std::string_view what, StoppedBy stoppedBy) = 0;
 
-    /// `rows` are done, and of the whole work the part `fraction`, from 0 to 1. Returns false when
-    /// the work is to stop here.
+    /// Called when `rows` rows are done and, from 0 to 1, `fraction` of the whole work. Returns
+    /// false if the work must stop.
     virtual bool report(std::int64_t rows, double fraction) = 0;
 
+    /// Called when work ends.
     virtual void end() = 0;
 
     /// True from `begin` to `end`.
     virtual bool isWorking() const = 0;
 };
 
-/// How much of `count` rows is done with the row of an index.
+/// The fraction of `count` rows that is done after row `row`, counted from 0.
 constexpr double partOf(std::int64_t row, std::int64_t count) {
     return static_cast<double>(row + 1) / static_cast<double>(count);
 }
 
-/// Work on many rows, from its construction to its destruction.
+/// Work on many rows, which lasts as long as this object.
 class RowWork {
 public:
     RowWork(Progress& progress, std::string_view what, StoppedBy stoppedBy) : progress_(progress) {
@@ -50,16 +51,16 @@ public:
     RowWork(const RowWork&) = delete;
     RowWork& operator=(const RowWork&) = delete;
 
-    /// Counts a row that took `bytes` of text, so that long rows are reported as often as many
-    /// short ones. `fraction` gives the part that is done of the whole; it is called only for a
-    /// report. Returns false when the work is to stop here.
+    /// Counts a row that took `bytes` of text. Progress is reported by rows and bytes, so that long
+    /// rows do not delay it. `fraction` returns the fraction of the work that is done; it is called
+    /// only for a report. Returns false if the work must stop.
     template <typename Fraction>
     bool rowDone(const Fraction& fraction, std::size_t bytes = 0) {
         ++rows_;
         return done(fraction, 1 + bytes / kBytesOfARow);
     }
 
-    /// The same for text that makes no row.
+    /// The same for text that is not a row.
     template <typename Fraction>
     bool bytesDone(const Fraction& fraction, std::size_t bytes) {
         return done(fraction, bytes / kBytesOfARow);

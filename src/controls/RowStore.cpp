@@ -12,7 +12,7 @@ RowStore::Block& RowStore::blockWithRoom() {
     Block block;
     block.ends.reserve(kRowsPerBlock * columns_);
     if (!blocks_.empty()) {
-        // Rows of one list are alike: the last block tells how much this one will hold.
+        // Rows of a list are alike, so the last block predicts the size of this one.
         blocks_.back().text.shrink_to_fit();
         block.text.reserve(blocks_.back().text.size() + blocks_.back().text.size() / 16);
     }
@@ -21,7 +21,7 @@ RowStore::Block& RowStore::blockWithRoom() {
 
 void RowStore::append(std::span<const std::string_view> cells) {
     Block& block = blockWithRoom();
-    // A row for which there was no memory may have left a part of itself.
+    // Removes what an earlier call may have left when it ran out of memory.
     block.ends.resize(size_ % kRowsPerBlock * columns_);
     block.text.resize(block.ends.empty() ? 0 : block.ends.back());
     std::size_t length = block.text.size();

@@ -9,9 +9,8 @@
 
 namespace skyvert {
 
-/// Rows of text cells, kept compactly: the cells of many rows stand one behind the other in one
-/// block of text, and a row costs its bytes and one number a cell. Rows are added at the end and
-/// never change.
+/// Rows of text cells in a compact form: one block of text holds the cells of many rows, so that a
+/// row takes its bytes and one number for each cell. Rows are appended and never change.
 class RowStore {
 public:
     /// `columns` is the number of cells in every row.
@@ -19,11 +18,12 @@ public:
 
     std::size_t size() const { return size_; }
 
-    /// Appends a row; cells that are missing are empty, cells too many are dropped. Throws
-    /// `std::length_error` where 1024 rows would hold more than four gigabytes.
+    /// Appends a row. Missing cells are empty, surplus cells are dropped. Throws
+    /// `std::length_error` if a block of 1024 rows would exceed 4 GiB.
     void append(std::span<const std::string_view> cells);
 
-    /// A cell's text, valid until rows are next added or removed. Throws `std::out_of_range`.
+    /// The text of a cell, valid until rows are added or removed. Throws `std::out_of_range` if
+    /// there is no such cell.
     std::string_view cell(std::size_t row, std::size_t column) const;
 
     void clear();
@@ -33,7 +33,7 @@ private:
 
     struct Block {
         std::string text;
-        std::vector<std::uint32_t> ends; ///< where each cell ends in `text`
+        std::vector<std::uint32_t> ends; ///< the end of each cell in `text`
     };
 
     Block& blockWithRoom();

@@ -6,24 +6,24 @@
 
 namespace skyvert {
 
-/// A call that is due once; destroying it calls it off.
+/// A pending call. Destroying the alarm cancels it.
 class Alarm {
 public:
     virtual ~Alarm() = default;
 };
 
-/// The event loop's clock.
+/// Schedules calls from the event loop.
 class Scheduler {
 public:
     virtual ~Scheduler() = default;
 
-    /// Calls `due` once, `delay` from now, from the event loop, which an open dialog runs as well.
-    /// The alarm may be destroyed inside the call.
+    /// Calls `due` once after `delay`, from the event loop, also from that of an open dialog. The
+    /// alarm may be destroyed inside the call.
     virtual std::unique_ptr<Alarm> after(std::chrono::milliseconds delay,
                                          std::function<void()> due) = 0;
 };
 
-/// A control that runs `Action` once, a period after it was armed.
+/// A control that runs `Action` once, after a fixed period from when it is armed.
 class Timer {
 public:
     enum class Mode { Off = 0, Single = 1 };
@@ -33,10 +33,10 @@ public:
 
     Mode mode() const { return alarm_ ? Mode::Single : Mode::Off; }
 
-    /// `Single` arms the timer, and leaves a timer alone that is armed already; `Off` disarms it.
+    /// `Single` arms the timer unless it is armed already; `Off` disarms it.
     void setMode(Mode mode);
 
-    /// Runs with the timer disarmed, so it may be armed again inside.
+    /// Runs with the timer disarmed, and may arm it again.
     std::function<void(Timer&)> Action;
 
 private:
