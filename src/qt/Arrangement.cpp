@@ -14,15 +14,16 @@ namespace skyvert {
 
 namespace {
 
-constexpr int kSideMargin = 5; ///< makes 8 together with the frame of a group box
+constexpr int kSideMargin = 5; ///< 8 pixels with the frame of a group box
 constexpr int kTopMargin = 4;
 constexpr int kColumnGap = 6;
 constexpr int kRowGap = 4;
-constexpr int kTolerance = 4; ///< offsets up to this still count as one row or one column
+constexpr int kTolerance = 4; ///< offsets that differ by at most this are one row or column
 constexpr double kSmallestPointSize = 6.0;
 constexpr int kListRowHeight = 20; ///< in points
 
-/// Up to here the letters give way and not the window: by one or two sizes at most.
+/// If a point needs at most this many pixels, the font shrinks (by one or two sizes) instead of the
+/// window growing.
 constexpr double kAlmostOne = 1.125;
 
 template <typename ControlType, typename View>
@@ -51,7 +52,7 @@ QWidget* makeAnyView(Control& control, const Desktop& desktop, QWidget* parent) 
     throw std::logic_error("nothing shows the control " + control.name());
 }
 
-/// Where rows or columns begin, out of the offsets of all controls.
+/// The offsets at which rows or columns begin, given the offsets of all controls.
 std::vector<int> linesOf(std::vector<int> offsets) {
     std::sort(offsets.begin(), offsets.end());
     std::vector<int> lines;
@@ -62,13 +63,13 @@ std::vector<int> linesOf(std::vector<int> offsets) {
     return lines;
 }
 
-/// The row or column that an offset falls into.
+/// The index of the row or column that contains an offset.
 int lineAt(const std::vector<int>& lines, int offset) {
     return static_cast<int>(std::upper_bound(lines.begin(), lines.end(), offset) - lines.begin()) -
            1;
 }
 
-/// The rows and columns of a group box, read off its layout.
+/// The rows and columns of a group box, derived from the layout of its members.
 class GroupGrid {
 public:
     explicit GroupGrid(const ShownControl& group) : group_(group) {
@@ -98,8 +99,8 @@ public:
     }
 
 private:
-    /// A control reaches over all columns that begin before its right edge. Every other line of
-    /// the grid is the gap below a row.
+    /// A control spans all columns that begin before its right edge. Every second row of the grid
+    /// is the gap below a row of controls.
     void add(QGridLayout& grid, const ShownControl& member) const {
         const ControlLayout& layout = member.control->layout();
         const int first = lineAt(columns_, layout.left);
@@ -107,7 +108,7 @@ private:
         grid.addWidget(member.widget, 2 * rowOf(member), first, 1, last - first + 1);
     }
 
-    /// Spare width goes to the columns in proportion to the table.
+    /// Distributes spare width over the columns in proportion to the table.
     void shareWidth(QGridLayout& grid) const {
         const ControlLayout& box = group_.control->layout();
         for (std::size_t column = 0; column < columns_.size(); ++column) {
@@ -117,8 +118,8 @@ private:
         }
     }
 
-    /// Rows that the table sets closely, as lines of one text, stay so; others get the spare
-    /// height between them.
+    /// Distributes spare height over the gaps between rows, except rows that the table sets as
+    /// closely as lines of text.
     void separateRows(QGridLayout& grid) const {
         for (std::size_t row = 0; row + 1 < rows_.size(); ++row) {
             if (rows_[row + 1] - rows_[row] <= kLineOfText)
@@ -142,7 +143,7 @@ bool needsName(const Control& control) {
            dynamic_cast<const DateControl*>(&control) != nullptr;
 }
 
-/// The control next to the right of a label in its row; null at the end of the row.
+/// The control to the right of a label in the same row; null if there is none.
 const ShownControl* nextInRow(const ShownControl& group, const GroupGrid& grid,
                               const ShownControl& label) {
     const ShownControl* next = nullptr;
@@ -155,8 +156,8 @@ const ShownControl* nextInRow(const ShownControl& group, const GroupGrid& grid,
     return next;
 }
 
-/// Tells assistive technology which label names which control, and in which group: one window has
-/// several controls called "RA:".
+/// Gives each control an accessible name from its group and label: the window has several controls
+/// labelled "RA:".
 void nameMembers(const ShownControl& group, const GroupGrid& grid) {
     for (const ShownControl& member : group.members) {
         auto* const label = qobject_cast<QLabel*>(member.widget);
@@ -175,7 +176,7 @@ void arrangeGroup(const ShownControl& group) {
     nameMembers(group, grid);
 }
 
-/// The frame of a composite fills the composite's place.
+/// Lets the member of a composite, its frame, fill the composite.
 void fill(const ShownControl& composite) {
     auto* const layout = new QVBoxLayout(composite.widget);
     layout->setContentsMargins({});
@@ -198,7 +199,7 @@ void collectTabStops(const std::vector<ShownControl>& controls, std::vector<QWid
     }
 }
 
-/// Where a control stands once the window has grown by this much.
+/// The geometry of a control after the window has grown by `growth`.
 QRect lockedGeometry(QRect place, unsigned locks, QSize growth) {
     const auto follows = [locks](Lock side) { return (locks & side) != 0; };
     if (follows(kLockRight))
@@ -212,7 +213,8 @@ QRect lockedGeometry(QRect place, unsigned locks, QSize growth) {
     return place;
 }
 
-/// A place that is too small for its widget grows around its centre: no other widget is that near.
+/// Enlarges a geometry that is too small for its widget around its centre. No other widget is near
+/// enough to overlap.
 QRect grownTo(const QWidget& widget, const QRect& place) {
     QRect grown({}, place.size().expandedTo(widget.minimumSizeHint()));
     grown.moveCenter(place.center());
@@ -274,7 +276,7 @@ void LockedPane::fit(double largest) {
     }
 }
 
-/// How large a point must be for every group to hold what stands in it.
+/// The pixels per point that every group needs to hold its members.
 double LockedPane::neededPixels() const {
     double pixels = 0;
     for (const ShownControl& shown : controls_) {
@@ -294,7 +296,7 @@ int LockedPane::toPoints(int pixels) const {
     return qRound(pixels / pixelsPerPoint_);
 }
 
-/// Edges are rounded and not lengths, so that gaps stay even.
+/// Rounds edges instead of lengths, so that gaps stay even.
 QRect LockedPane::toPixels(const ControlLayout& layout) const {
     return {
         QPoint(toPixels(layout.left), toPixels(layout.top)),

@@ -9,45 +9,45 @@
 
 namespace skyvert {
 
-/// A control, the widget that shows it, and what stands inside it.
+/// A control, the widget that shows it, and the controls inside it.
 struct ShownControl {
     Control* control;
     QWidget* widget;
     std::vector<ShownControl> members;
 };
 
-/// Makes the views of controls, given in the order of their creation, inside `parent`. The members
-/// of a group box stand inside that box, in rows and columns that are read off their layout, so
-/// that a font of another size moves things apart instead of cutting them off.
+/// Creates the views of controls, given in the order of their creation, inside `parent`. The
+/// members of a group box are arranged in rows and columns derived from their layout, so that a
+/// larger font moves them apart instead of clipping them.
 std::vector<ShownControl> showControls(const std::vector<Control*>& controls,
                                        const Desktop& desktop, QWidget* parent);
 
-/// Leads the keyboard focus through the controls in the order of their creation, each group box
-/// and composite in its turn.
+/// Sets the tab order to the order of creation. A parent's members directly follow it.
 void orderTabStops(const std::vector<ShownControl>& controls);
 
-/// An area whose widgets stand where their layout puts them, and keep their distance to the sides
-/// that they are locked to. A point is a pixel until another size is settled.
+/// An area that places widgets by their layout and keeps their distance to the edges that they are
+/// locked to. A point is one pixel until `settlePoint` or `fit` changes it.
 class LockedPane final : public QWidget {
 public:
-    /// `designSize` is that of the window in the table, in points.
+    /// `designSize` is the size of the window in its layout, in points.
     LockedPane(QSize designSize, QWidget* parent);
 
-    /// Takes in the widgets of controls that stand in no other.
+    /// Sets the controls whose widgets the pane places: those that are not inside another.
     void place(std::vector<ShownControl> controls);
 
-    /// Settles how many pixels a point is: one where the letters fit, or almost, and more for
-    /// larger letters, `largest` at most.
+    /// Sets the pixels per point: 1 if the texts fit or almost fit, more for a larger font, at most
+    /// `largest`.
     void settlePoint(double largest);
 
-    /// Does the same, and makes letters smaller that do not fit even so; if they would become too
-    /// small, a point is more than `largest`. Done when all texts are known.
+    /// Does the same, then shrinks the font if the texts still do not fit. If it would become too
+    /// small, the pixels per point exceed `largest`. Call this when all texts are known.
     void fit(double largest);
 
-    /// A length in pixels.
+    /// Converts a length from points to pixels.
     int toPixels(int points) const;
 
-    /// A length in points; `toPixels` gives it back unless a point is less than a pixel.
+    /// Converts a length from pixels to points: the exact inverse of `toPixels` unless a point is
+    /// less than a pixel.
     int toPoints(int pixels) const;
 
 protected:

@@ -23,7 +23,7 @@ constexpr int kControlHeight = 24;
 constexpr std::chrono::milliseconds kRetryDelay{20};
 constexpr int kButtonMargin = 7; ///< between a button's caption and its edge
 
-/// Qt's own choice would be the next control of any kind, such as the popup of the export.
+/// Qt would move the focus to the next control of any kind, such as the popup of the export.
 void focusNextTextField(const QWidget& from) {
     for (QWidget* next = from.nextInFocusChain(); next != &from; next = next->nextInFocusChain()) {
         if (dynamic_cast<TextFieldView*>(next) != nullptr)
@@ -123,7 +123,7 @@ CheckBoxView::CheckBoxView(CheckBox& control, const Desktop& desktop, QWidget* p
 
 void CheckBoxView::mirror() {
     setText(toQString(control().caption()));
-    // A third state that a click could reach would be one too many.
+    // Only code sets the mixed state: a click must not reach it.
     setTristate(control().state() == CheckBox::State::Mixed);
     setCheckState(control().state() == CheckBox::State::Mixed ? Qt::PartiallyChecked
                   : control().value()                         ? Qt::Checked
@@ -144,7 +144,7 @@ void PopupMenuView::mirror() {
     QStringList rows;
     for (std::int64_t row = 0; row < control().ListCount(); ++row)
         rows.append(toQString(control().List(row)));
-    // One assignment of all rows: a combo box that gets its rows one by one selects the first.
+    // All rows in one assignment: a combo box selects the first of rows added one by one.
     if (rows != rows_->stringList()) {
         rows_->setStringList(rows);
         updateGeometry();
@@ -226,7 +226,7 @@ void TextFieldView::mirror() {
     setEntryMask(EntryMask(control().mask(), desktop().locale.decimalPoint));
     setPlaceholderText(toQString(control().cueText()));
     const QString shown = toQString(control().text());
-    // An equal text stays: setting it again would move the caret and forget what can be undone.
+    // Setting an equal text again would move the caret and clear the undo history.
     if (text() != shown)
         setText(shown);
     showVerdict(*this, control().textColor());

@@ -17,28 +17,28 @@
 
 namespace skyvert {
 
-/// The least height of a control. Those of one row are equally high, and higher only where the font
-/// asks for it.
+/// The minimum height of a control: the same for all controls of a row, larger only if the font
+/// needs it.
 int heightFor(const QWidget& widget);
 
-/// Calls a handler from the event loop a little later, unless `context` is gone by then.
+/// Calls a handler from the event loop a little later, unless `context` is destroyed before that.
 void callSoon(QObject& context, std::function<void()> handler);
 
-/// Mirrors what every kind of control has: whether it is enabled and visible, and its help tag. The
-/// keyboard focus goes from a control that is disabled to the next text field.
+/// Shows the state that all controls have: enabled, visible and the help tag. If a control is
+/// disabled while it has the focus, the focus moves to the next text field.
 void mirrorControl(const Control& control, QWidget& widget);
 
-/// Calls the attention of assistive technology to a field.
+/// Sends an alert about a field to assistive technology.
 void announce(QLineEdit& field);
 
-/// Shows a field's text in a color, and describes the field to assistive technology by its cue and
-/// the reason in its help tag. A new reason for a text to be red is announced.
+/// Sets the colour of a field's text, and the field's accessible description from its cue text and
+/// tool tip. Announces a new description if the text is red.
 void showVerdict(QLineEdit& field, Color color);
 
-/// What the views have in common. A view is the widget itself: it pulls the control's state when
-/// it is told to, hands on what a person does, and knows no rule of the program.
+/// The base of all views. A view is the widget itself: `refresh` pulls the control's state, and the
+/// widget's signals pass the user's actions to the control. It has no rule of the program.
 ///
-/// The control and the desktop outlive the view.
+/// The control and the desktop must outlive the view.
 template <typename Widget, typename ControlType>
 class WidgetView : public Widget, public ControlView {
 public:
@@ -60,11 +60,11 @@ public:
     void takeFocus() override { this->setFocus(Qt::OtherFocusReason); }
 
 protected:
-    /// Pulls the state that this kind of control has of its own.
+    /// Pulls the state that only this kind of control has.
     virtual void mirror() {}
 
-    /// Runs what a person has set off. While long work processes events, it waits until the work
-    /// has ended.
+    /// Runs the handler of a user's action. While long work processes events, the handler waits
+    /// until the work has ended.
     void act(const std::function<void()>& handler) {
         if (desktop_.progress.isWorking())
             callSoon(*this, [this, handler] { act(handler); });
@@ -103,7 +103,7 @@ class PushButtonView final : public WidgetView<QPushButton, PushButton> {
 public:
     PushButtonView(PushButton& control, const Desktop& desktop, QWidget* parent);
 
-    /// As wide as the caption asks; a style's least width of a button is for rows of buttons.
+    /// As wide as the caption needs; a style's minimum width is meant for rows of buttons.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -129,7 +129,7 @@ public:
 
 protected:
     void mirror() override;
-    /// The wheel scrolls what is around a popup, it never changes a choice by accident.
+    /// Ignores the wheel, so that scrolling never changes a selection by accident.
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -145,7 +145,7 @@ public:
 
 protected:
     void mirror() override;
-    /// A refusal is told until the next key.
+    /// The message about a refused paste disappears at the next key or when the focus leaves.
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
@@ -154,7 +154,7 @@ private:
     void hideRefusal();
 };
 
-/// The place of a control that is made of others.
+/// Holds the widgets of a composite control.
 class ContainerView final : public WidgetView<QWidget, ContainerControl> {
 public:
     ContainerView(ContainerControl& control, const Desktop& desktop, QWidget* parent);

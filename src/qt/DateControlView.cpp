@@ -15,7 +15,7 @@ namespace skyvert {
 
 namespace {
 
-constexpr int kWheelStep = 120; ///< one notch, as Qt counts
+constexpr int kWheelStep = 120; ///< one notch, in Qt's units
 constexpr int kManySteps = 10;
 const char* const kCue = "YYYY-MM-DD";
 const char* const kReason = "This is not a date as YYYY-MM-DD, from 0100-01-01 to 9999-12-31.";
@@ -48,7 +48,7 @@ QDate moved(QDate day, qsizetype section, int steps) {
     return std::clamp(there, firstDay(), lastDay());
 }
 
-/// The keys that step through days, months or years.
+/// The steps for a key that steps through days, months or years; 0 for any other key.
 int stepsOf(int key) {
     switch (key) {
     case Qt::Key_Up:
@@ -64,7 +64,7 @@ int stepsOf(int key) {
     }
 }
 
-/// The arrow of a popup.
+/// The down arrow of the widget's style.
 QIcon arrowIcon(const QWidget& widget) {
     constexpr int kSize = 16;
     QPixmap picture(QSize(kSize, kSize) * widget.devicePixelRatio());
@@ -78,7 +78,7 @@ QIcon arrowIcon(const QWidget& widget) {
     return picture;
 }
 
-/// Below the field, or above it where the screen ends.
+/// The position of a popup below the field, or above it if the screen has no room below.
 QPoint placeBeside(const QWidget& field, const QWidget& popup) {
     const QPoint below = field.mapToGlobal(field.rect().bottomLeft());
     const int height = popup.sizeHint().height();
@@ -86,7 +86,7 @@ QPoint placeBeside(const QWidget& field, const QWidget& popup) {
     return fits ? below : field.mapToGlobal(QPoint(0, -height));
 }
 
-/// Whether the focus leaves a field, or comes to it, for a menu or another window: typing goes on
+/// Whether the focus moves to a menu or another window, or back from it, so that typing continues
 /// after that.
 bool isBreak(Qt::FocusReason reason) {
     return reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason ||
@@ -104,7 +104,7 @@ DateControlView::DateControlView(DateControl& control, const Desktop& desktop, Q
     connect(calendar, &QAction::triggered, this, [this] { openCalendar(); });
     connect(this, &MaskedLineEdit::edited, this, [this] {
         showWhether(true);
-        // Without the focus, which it could lose, the text came by assistive technology.
+        // Without the focus, the text comes from assistive technology, and no focus will be lost.
         if (!hasFocus())
             takeOver();
     });
@@ -119,7 +119,7 @@ QSize DateControlView::minimumSizeHint() const {
     return {MaskedLineEdit::minimumSizeHint().width(), heightFor(*this)};
 }
 
-/// Leaves what is being typed alone, unless the date has changed.
+/// Keeps the text being typed unless the date has changed.
 void DateControlView::mirror() {
     const std::string date = control().dateValue().SQLDate();
     if (date == mirrored_)
@@ -154,7 +154,7 @@ void DateControlView::take(const Date& date) {
     showControlsDate();
 }
 
-/// Moves on by the part of the date that the caret stands in.
+/// Steps the part of the date that contains the caret.
 void DateControlView::step(int steps) {
     const int caret = cursorPosition();
     const Date date = Date::fromTyped(toUtf8(text())).value_or(control().dateValue());
@@ -169,7 +169,7 @@ void DateControlView::keyPressEvent(QKeyEvent* event) {
         MaskedLineEdit::keyPressEvent(event);
 }
 
-/// Does what a key asks for, if it is one of the date's own.
+/// Handles a key that a date defines. Returns false for any other key.
 bool DateControlView::handleKey(const QKeyEvent& event) {
     const QKeyCombination key = event.keyCombination();
     const int steps = stepsOf(event.key());
@@ -184,11 +184,11 @@ bool DateControlView::handleKey(const QKeyEvent& event) {
     else
         return false;
     if (steps == 0)
-        selectAll(); // what is typed next is another date
+        selectAll(); // the next typing replaces the date
     return true;
 }
 
-/// The wheel over a date that is only passed must not change it.
+/// Scrolling past a date must not change it.
 void DateControlView::wheelEvent(QWheelEvent* event) {
     if (!hasFocus()) {
         event->ignore();
@@ -223,7 +223,7 @@ void DateControlView::focusOutEvent(QFocusEvent* event) {
 
 void DateControlView::hideEvent(QHideEvent* event) {
     MaskedLineEdit::hideEvent(event);
-    if (!event->spontaneous()) // else the window has been minimised
+    if (!event->spontaneous()) // otherwise the window was minimised
         showControlsDate();
 }
 

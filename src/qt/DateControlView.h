@@ -4,14 +4,14 @@
 
 namespace skyvert {
 
-/// A date as text, which is typed whole or in part, stepped by the arrow keys and the wheel, or
-/// picked from a calendar.
+/// Shows a date as text. The user types it, steps it by the arrow keys or the wheel, or picks it
+/// from a calendar.
 ///
-/// What is typed is taken over at Return and when the field loses the focus. A text that is no day
-/// from 0100-01-01 to 9999-12-31 stays then, in red, and the control keeps its date; Escape brings
-/// that back.
+/// Return and the loss of the focus assign the typed text to the control. A text that is not a day
+/// from 0100-01-01 to 9999-12-31 stays, in red, and the control keeps its date; Escape shows that
+/// date again.
 ///
-/// `QDateEdit` does not serve: it takes a typed date apart into sections and mends each.
+/// `QDateEdit` is not suitable: it splits a typed date into sections and corrects each.
 class DateControlView final : public WidgetView<MaskedLineEdit, DateControl> {
 public:
     DateControlView(DateControl& control, const Desktop& desktop, QWidget* parent);
@@ -23,7 +23,7 @@ protected:
     void mirror() override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    /// The whole date is selected when the field is entered, so that typing replaces it.
+    /// Selects the whole date, so that typing replaces it.
     void focusInEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -38,8 +38,8 @@ private:
     void showControlsDate();
     void showWhether(bool isDate);
 
-    std::string mirrored_;          ///< the date that the view and the control agreed on
-    bool isDate_ = true;            ///< the text is not shown as wrong
+    std::string mirrored_;          ///< the control's date when it was last mirrored
+    bool isDate_ = true;            ///< the text is not shown as an error
     bool selectsOnRelease_ = false; ///< the mouse button that entered the field is still down
     int wheel_ = 0;                 ///< how far the wheel has turned since the last step
 };

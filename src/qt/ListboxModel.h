@@ -6,21 +6,21 @@
 
 namespace skyvert {
 
-/// The rows of a list box as Qt's views read them. Nothing is copied: a cell's text becomes Qt's
-/// when it is asked for.
+/// The rows of a list box as a model for Qt's views. It copies no rows: a cell's text is converted
+/// when a view asks for it.
 ///
-/// The model shows as many rows as it has announced, and `announce` tells of all new ones at once.
-/// In between it is behind the list box, but never ahead of it: rows only ever come at the end, and
-/// a deletion must be announced at once.
+/// The model has as many rows as it has announced; `announce` adds all new rows in one step. Until
+/// then it may have fewer rows than the list box, but never more: rows are only appended, and a
+/// deletion must be announced immediately.
 class ListboxModel final : public QAbstractTableModel {
 public:
-    /// The list box outlives the model.
+    /// The list box must outlive the model.
     ListboxModel(const Listbox& listbox, QObject* parent);
 
     /// Whether rows have been deleted since the last announcement.
     bool isOutdated() const { return generation_ != listbox_.generation(); }
 
-    /// Brings the number of rows and the headings up to date.
+    /// Updates the number of rows and the headings.
     void announce();
 
     int rowCount(const QModelIndex& parent = {}) const override;

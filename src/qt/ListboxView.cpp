@@ -16,7 +16,7 @@ namespace skyvert {
 
 namespace {
 
-/// One cell of the table as a surface.
+/// The surface of one cell.
 class CellGraphics final : public Graphics {
 public:
     CellGraphics(QPainter& painter, const QRect& cell) : painter_(painter), cell_(cell) {}
@@ -37,7 +37,7 @@ private:
     QColor color_ = Qt::black;
 };
 
-/// Lets the list box paint behind the text.
+/// Lets the list box paint the background of a cell, and Qt its text.
 class CellDelegate final : public QStyledItemDelegate {
 public:
     CellDelegate(const Listbox& listbox, QObject* parent)
@@ -46,7 +46,7 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         QStyleOptionViewItem cell(option);
-        // Rows are selected, not cells: a frame around one cell would say otherwise.
+        // No frame around a single cell, since rows are selected and not cells.
         cell.state &= ~QStyle::State_HasFocus;
         CellGraphics graphics(*painter, cell.rect);
         if (listbox_.paintCellBackground(graphics, index.row(), index.column()))
@@ -98,7 +98,7 @@ ListboxView::ListboxView(Listbox& control, const Desktop& desktop, QWidget* pare
 }
 
 void ListboxView::refresh() {
-    // The model must not show rows that are gone, so a deletion cannot wait.
+    // The model must not show deleted rows, so a deletion cannot wait.
     if (model_->isOutdated())
         flush();
     else if (!due_->isActive())
@@ -144,15 +144,16 @@ void ListboxView::selectionChanged(const QItemSelection& selected,
         takeSelection();
 }
 
-/// A table tells assistive technology that the focus is on its current cell, wherever it really is.
+/// `QTableView` would tell assistive technology that its current cell has the focus, even if
+/// another widget has it.
 void ListboxView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     if (hasFocus())
         return QTableView::currentChanged(current, previous);
-    // NOLINTNEXTLINE(bugprone-parent-virtual-call): all but what the table tells
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): skips only `QTableView`
     QAbstractItemView::currentChanged(current, previous);
 }
 
-/// Rows are selected, not cells: Home and End lead to the first and the last row.
+/// Home and End go to the first and the last row, since rows are selected and not cells.
 QModelIndex ListboxView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     if (action == MoveHome)
         return model_->index(0, 0);
@@ -161,7 +162,7 @@ QModelIndex ListboxView::moveCursor(CursorAction action, Qt::KeyboardModifiers m
     return QTableView::moveCursor(action, modifiers);
 }
 
-/// Hands on what a person has selected. The view shows it already and must not scroll to it.
+/// Passes the user's selection to the control. The view shows it already and must not scroll to it.
 void ListboxView::takeSelection() {
     act([this] {
         const std::vector<RowRange> shown = shownSelection();

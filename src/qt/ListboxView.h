@@ -8,22 +8,22 @@
 
 namespace skyvert {
 
-/// Shows a list box. However many rows come in one turn of the event loop, they are shown by one
-/// insertion and one selection when the loop turns, or earlier if a person gets at the list first.
+/// Shows a list box. All rows added in one turn of the event loop are shown by one insertion and
+/// one selection when the loop turns, or earlier if the user acts on the list first.
 class ListboxView final : public WidgetView<QTableView, Listbox> {
 public:
     ListboxView(Listbox& control, const Desktop& desktop, QWidget* parent);
 
     void refresh() override;
 
-    /// In pixels.
+    /// Sets the height of each row, in pixels.
     void setRowHeight(int height);
 
     bool hasRows() const { return control().RowCount() > 0; }
 
     bool hasSelectedRows() const { return !control().selection().empty(); }
 
-    /// Puts the selected rows on the clipboard; leaves it alone while none is selected.
+    /// Copies the selected rows to the clipboard; does nothing if none is selected.
     void copySelection();
 
     void selectAll() override;
@@ -45,8 +45,8 @@ private:
     std::vector<RowRange> shownSelection() const;
 
     ListboxModel* model_;
-    QTimer* due_; ///< runs while there is something to flush when the event loop turns
-    std::vector<RowRange> mirrored_; ///< the selection that the view and the list box agreed on
+    QTimer* due_; ///< active while changes wait for the next turn of the event loop
+    std::vector<RowRange> mirrored_; ///< the selection of the list box when it was last mirrored
     bool mirroring_ = false;
 };
 

@@ -18,16 +18,16 @@ namespace skyvert {
 
 namespace {
 
-/// The time after the start in which the platform finds a place for the window.
+/// The time after the start in which the platform may still move the window.
 constexpr std::chrono::milliseconds kPlacingTime{500};
 
-/// Beyond this no platform shows a window, and X11 has no numbers for its place.
+/// In pixels. No platform shows a window farther out, and X11 cannot express its position.
 constexpr int kFarthest = 16'000;
 
-/// Room for what a window manager puts around a window, which is not known before it is shown.
+/// Room for the window manager's frame, whose size is not known before the window is shown.
 constexpr QSize kFrame(8, 48);
 
-/// The files of this machine that are being dragged.
+/// The local files among the dragged objects.
 std::vector<std::filesystem::path> filesIn(const QMimeData& dragged) {
     std::vector<std::filesystem::path> files;
     for (const QUrl& url : dragged.urls()) {
@@ -37,7 +37,7 @@ std::vector<std::filesystem::path> filesIn(const QMimeData& dragged) {
     return files;
 }
 
-/// Wayland tells no program where its windows stand.
+/// Wayland does not tell a program where its windows are.
 bool isPlaceTold() {
     return !QGuiApplication::platformName().startsWith("wayland");
 }
@@ -74,7 +74,7 @@ void MainWindowView::pressDefaultButton() {
     }
 }
 
-/// Outside a dialog Qt does not do this.
+/// Qt does this only in dialogs.
 void MainWindowView::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && (event->modifiers() & ~Qt::KeypadModifier) == 0)
@@ -102,13 +102,13 @@ void MainWindowView::open(const QRect& screenArea) {
     window_.raManual.SetFocus();
 }
 
-/// How many pixels a point can be for a window of the least height to fit into the room.
+/// The most pixels per point with which a window of the minimum height fits into `room`.
 double MainWindowView::largestPoint(const QSize& room) const {
     return std::min(double(room.width()) / window_.width(),
                     double(room.height() - menuBarHeight()) / window_.minimumHeight());
 }
 
-/// The centre of the screen; the height is that of the table as far as there is room for it.
+/// Centres the window on the screen, with the height of the layout table if there is room for it.
 void MainWindowView::setDefaultPlace(const QRect& screenArea) {
     const int room = screenArea.height() - kFrame.height() - menuBarHeight();
     window_.setHeight(
@@ -140,9 +140,8 @@ void MainWindowView::refresh() {
     resize(widthInPixels(), pane_->toPixels(height) + menuBarHeight());
 }
 
-/// Reports what the user has changed. Where the platform puts the window at the start is not
-/// reported: it may not take the place that was asked for, and several heights in points may share
-/// one in pixels.
+/// Reports changes by the user. Changes by the platform at the start are not reported: it may
+/// ignore the requested position, and several heights in points may be the same height in pixels.
 void MainWindowView::reportPlace() {
     if (!isVisible())
         return;
@@ -184,7 +183,7 @@ void MainWindowView::dropEvent(QDropEvent* event) {
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {
-    // A field takes over what has been typed when it loses the focus.
+    // A field assigns its typed text when it loses the focus.
     if (QWidget* const field = focusWidget())
         field->clearFocus();
     dispatch(desktop_.dialogs, [this] { window_.close(); });

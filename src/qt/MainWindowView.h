@@ -7,35 +7,35 @@
 
 namespace skyvert {
 
-/// Shows the main window: its menu bar, its controls, its place and its size.
+/// Shows the main window: its menu bar, its controls, its position and its size.
 class MainWindowView final : public QMainWindow, public ControlView {
 public:
-    /// Makes the widgets of all controls. The window and the application outlive the view.
+    /// Creates the widgets of all controls. The window and the application must outlive the view.
     MainWindowView(MainWindow& window, const App& app);
     ~MainWindowView() override;
 
-    /// Tells the window where it will stand by default, runs its open handlers, which may restore
-    /// another place, and shows it. `screenArea` is what panels and docks leave of the screen, in
-    /// pixels: the window fits into it as far as its letters can be read.
+    /// Sets the window's default position, runs its open handlers, which may restore another one,
+    /// and shows it. `screenArea` is the screen without panels and docks, in pixels: the window
+    /// fits into it as far as its texts stay readable.
     void open(const QRect& screenArea);
 
-    /// Closes whatever is open, dialogs and popups first, so that the program ends the orderly way
-    /// at whatever moment it is told to end.
+    /// Closes all dialogs and popups, then the window, so that the program ends in the normal way
+    /// at any moment.
     void closeAll();
 
-    /// Shows the window above all others, and gives it the keyboard. False once it has closed.
+    /// Raises the window and gives it the keyboard focus. Returns false if it has closed.
     bool comeToFront();
 
     void refresh() override;
 
 protected:
-    /// Return presses the default button, where no control had a use for it.
+    /// Return presses the default button unless a control has handled it.
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
-    /// Imports files, once the program that they come from has been answered.
+    /// Imports files, after the program that they come from has received its answer.
     void dropEvent(QDropEvent* event) override;
 
 private:
@@ -51,10 +51,10 @@ private:
     MainWindow& window_;
     const Desktop& desktop_;
     LockedPane* pane_;
-    std::unique_ptr<Alarm> dropped_; ///< the import of what has been dropped
+    std::unique_ptr<Alarm> dropped_; ///< the pending import of dropped files
     bool reporting_ = false;
-    QRect place_;                    ///< where the window was last, in pixels
-    std::unique_ptr<Alarm> placing_; ///< while the platform finds a place for the window
+    QRect place_;                    ///< the last position and size, in pixels
+    std::unique_ptr<Alarm> placing_; ///< set while the platform may still move the window
 };
 
 } // namespace skyvert

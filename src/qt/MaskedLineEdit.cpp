@@ -22,7 +22,7 @@ namespace skyvert {
 
 namespace {
 
-/// True for a key that puts a character into a text, as Qt's own line edit judges.
+/// Whether a key enters a character, by the same rules as `QLineEdit`.
 bool isTyping(const QKeyEvent& event) {
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (event.text().isEmpty() || modifiers == Qt::ControlModifier ||
@@ -32,7 +32,7 @@ bool isTyping(const QKeyEvent& event) {
     return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format;
 }
 
-/// The keys that delete a word, with what selects it.
+/// The keys that delete a word, and the operation that selects it.
 constexpr std::pair<QKeySequence::StandardKey, void (QLineEdit::*)(bool)> kWordDeletions[] = {
     {QKeySequence::DeleteStartOfWord, &QLineEdit::cursorWordBackward},
     {QKeySequence::DeleteEndOfWord, &QLineEdit::cursorWordForward}};
@@ -42,8 +42,8 @@ bool isLineEnd(QChar character) {
            character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
 }
 
-/// The first line that says something, with blanks for tabs. A text of one line without tabs is
-/// left alone, blanks at its ends included.
+/// The first line that is not blank, with tabs replaced by blanks. A single line without tabs stays
+/// unchanged, including blanks at its ends.
 QString oneLine(QString text) {
     const auto isBreak = [](QChar character) { return isLineEnd(character) || character == u'\t'; };
     if (std::none_of(text.cbegin(), text.cend(), isBreak))
@@ -53,12 +53,12 @@ QString oneLine(QString text) {
     return text.replace(u'\t', u' ').trimmed();
 }
 
-/// How many decimal points or commas a text has.
+/// The number of points and commas in a text.
 std::ptrdiff_t countPoints(std::string_view text) {
     return std::count(text.begin(), text.end(), '.') + std::count(text.begin(), text.end(), ',');
 }
 
-/// Qt's position, which counts UTF-16 units, behind a number of characters.
+/// The position, in UTF-16 units as Qt counts, after a number of characters.
 int positionOf(const QString& text, std::size_t characters) {
     qsizetype position = 0;
     for (; characters > 0 && position < text.size(); --characters)
@@ -73,7 +73,7 @@ MaskedLineEdit::MaskedLineEdit(QWidget* parent) : QLineEdit(parent) {
         if (!isBecoming_)
             tell();
     });
-    // This signal comes last, for every change, and with a text that may be outdated.
+    // This signal comes last, for every change. Its argument may be outdated.
     connect(this, &QLineEdit::textChanged, this, [this] {
         if (!isBecoming_ && text() != known_)
             takeForeignText();
@@ -91,8 +91,8 @@ void MaskedLineEdit::tell() {
     emit edited(known_);
 }
 
-/// Takes what was assigned from outside as if it were pasted over the whole text, but never refuses
-/// it: what is seen is what is told.
+/// Treats a text assigned from outside as pasted over the whole text, but never refuses it: the
+/// text that is shown is also the one that is reported.
 void MaskedLineEdit::takeForeignText() {
     const std::string foreign = folded(text());
     selectAll();
@@ -121,7 +121,7 @@ void MaskedLineEdit::keyPressEvent(QKeyEvent* event) {
         QLineEdit::keyPressEvent(event);
 }
 
-/// Does what a key asks for, if it is one that the mask has a say in.
+/// Handles a key whose change must fit the mask. Returns false for any other key.
 bool MaskedLineEdit::editedBy(const QKeyEvent& event) {
     if (event.matches(QKeySequence::Paste))
         paste();
@@ -134,8 +134,8 @@ bool MaskedLineEdit::editedBy(const QKeyEvent& event) {
     return true;
 }
 
-/// Deletes by Backspace and Delete, or by words. A deletion up to the end of the text fits any
-/// mask.
+/// Handles Backspace, Delete and the keys that delete a word. Returns false for any other key; one
+/// that deletes to the end of the text needs no handling, since the rest fits any mask.
 bool MaskedLineEdit::erasedBy(const QKeyEvent& event) {
     for (const auto& [key, select] : kWordDeletions) {
         if (event.matches(key)) {
@@ -157,7 +157,7 @@ bool MaskedLineEdit::erasedBy(const QKeyEvent& event) {
     return true;
 }
 
-/// Qt's own menu, but for its "Delete", which would not ask the mask.
+/// Shows Qt's menu with another action for "Delete", since Qt's would bypass the mask.
 void MaskedLineEdit::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* const menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -176,7 +176,7 @@ void MaskedLineEdit::inputMethodEvent(QInputMethodEvent* event) {
         QLineEdit::inputMethodEvent(event);
         return;
     }
-    // The composition ends before the text it stands in is changed, and goes on behind the change.
+    // The composition ends before the text is changed and continues after the change.
     QInputMethodEvent noComposition;
     QLineEdit::inputMethodEvent(&noComposition);
     if (event->replacementLength() > 0)
@@ -186,7 +186,7 @@ void MaskedLineEdit::inputMethodEvent(QInputMethodEvent* event) {
     QLineEdit::inputMethodEvent(&composition);
 }
 
-/// The middle button pastes the selection where the system has one.
+/// The middle button pastes the system's selection, if it has one.
 void MaskedLineEdit::mouseReleaseEvent(QMouseEvent* event) {
     const QClipboard& clipboard = *QGuiApplication::clipboard();
     if (event->button() != Qt::MiddleButton || !clipboard.supportsSelection() || isReadOnly()) {
@@ -201,7 +201,7 @@ void MaskedLineEdit::dragEnterEvent(QDragEnterEvent* event) {
     dragMoveEvent(event);
 }
 
-/// Files are for the window. Text is copied and never moved: were it refused, it would be lost.
+/// Files are left to the window. Text is copied, never moved, so that refused text is not lost.
 void MaskedLineEdit::dragMoveEvent(QDragMoveEvent* event) {
     event->ignore();
     if (event->mimeData()->hasUrls())
@@ -255,8 +255,8 @@ void MaskedLineEdit::pasteText(const QString& pasted) {
         emit refused();
 }
 
-/// Digits that are typed run on after the decimal separator. Pasted ones do not: 053431 in a field
-/// for hours and minutes does not mean 34.31 minutes.
+/// Whether pasted digits would continue after the decimal separator, as typed digits do. They must
+/// not: 053431 pasted into a field for hours and minutes does not mean 34.31 minutes.
 bool MaskedLineEdit::runsOn(const EntryText& entry, std::string_view pasted) const {
     const std::string kept =
         toUtf8(text().left(selectionFirst())) + toUtf8(text().mid(selectionLast()));
@@ -280,7 +280,7 @@ bool MaskedLineEdit::replacesAllDigits() const {
            std::none_of(present.cbegin() + selectionLast(), present.cend(), isDigit);
 }
 
-/// A position of Qt's in characters.
+/// Converts a position from Qt's UTF-16 units to characters.
 std::size_t MaskedLineEdit::characterAt(int position) const {
     return static_cast<std::size_t>(text().left(position).toUcs4().size());
 }
@@ -305,8 +305,8 @@ void MaskedLineEdit::become(const EntryText& entry) {
         tell();
 }
 
-/// Changes only what differs, so that the undo history sees a person's change as one step and a
-/// run of typing as a run.
+/// Changes only the part that differs, so that each change is one step of the undo history and
+/// consecutive typing is merged as usual.
 void MaskedLineEdit::replaceDifference(const QString& wanted) {
     const QString present = text();
     if (present == wanted)
@@ -320,7 +320,7 @@ void MaskedLineEdit::replaceDifference(const QString& wanted) {
                                     wanted.crend() - prefix);
     const qsizetype replaced = present.size() - prefix - suffix;
     const QString put = wanted.mid(prefix, wanted.size() - prefix - suffix);
-    // Undo joins a deleted selection with what is typed next, but not a single deleted character.
+    // Undo merges a deleted selection with the typing after it, but not a single deleted character.
     const bool isOneDeletion = replaced == 1 && put.isEmpty();
     if (replaced > 0 && !isOneDeletion)
         setSelection(static_cast<int>(prefix), static_cast<int>(replaced));

@@ -12,60 +12,59 @@
 
 namespace skyvert {
 
-/// A line edit that asks an `EntryMask` before every change that a person makes: by key, input
-/// method, paste, drop or deletion. Undo and redo go through the texts as they were seen.
+/// A line edit that applies an `EntryMask` to every change by the user: by key, input method,
+/// paste, drop or deletion. Undo and redo step through the texts that were shown.
 ///
-/// A text that assistive technology puts into the field counts as a person's as well. It comes by
-/// `QLineEdit::setText`, so code must use the `setText` of this class.
+/// A text set by assistive technology counts as a change by the user. It arrives through
+/// `QLineEdit::setText`, so code must call the `setText` of this class.
 ///
-/// Qt's own input mask and validators are no help here: an empty field under such a mask is not
-/// empty, and a validator that completes a text wipes the undo history.
+/// Qt's own input masks and validators are not suitable: under an input mask an empty field is not
+/// empty, and a validator that completes a text clears the undo history.
 ///
-/// What code assigns with `setText` passes unchanged, whether it fits the mask or not, and so does
-/// the text that stands while the mask is set.
+/// `setText` assigns a text unchanged, whether it fits the mask or not, and `setEntryMask` keeps
+/// the present text.
 class MaskedLineEdit : public QLineEdit {
     Q_OBJECT
 
 public:
-    /// Turns characters from outside into those of the program; UTF-8 on both sides.
+    /// Replaces look-alike characters in a text. Both texts are UTF-8.
     using Fold = std::function<std::string(std::string_view)>;
 
-    /// Told of a text, already folded, before it is pasted. Returned: whether that took it.
+    /// Receives a folded text before it is pasted. Returns whether it has handled the paste.
     using PasteHandler = std::function<bool(std::string_view)>;
 
-    /// Rewrites a folded text that does not fit; nothing if that can't be done.
+    /// Rewrites a folded text that does not fit; returns nothing if it cannot.
     using Fit = std::function<std::optional<std::string>(std::string_view)>;
 
     explicit MaskedLineEdit(QWidget* parent = nullptr);
 
-    /// Whatever is typed or pasted goes through `fold` first. An empty function folds nothing.
+    /// Typed and pasted texts pass through `fold` first. An empty function changes nothing.
     void setFold(Fold fold) { fold_ = std::move(fold); }
 
     void setPasteHandler(PasteHandler handler) { pasteHandler_ = std::move(handler); }
 
-    /// Where a pasted text replaces all digits and doesn't fit the mask, `fit` is asked for one
-    /// that does.
+    /// If a pasted text replaces all digits and does not fit the mask, `fit` may rewrite it.
     void setFit(Fit fit) { fit_ = std::move(fit); }
 
     void setEntryMask(EntryMask mask) { mask_ = std::move(mask); }
 
-    /// Assigns a text by code. Raises no `edited`.
+    /// Assigns a text from code. Does not emit `edited`.
     void setText(const QString& text);
 
-    // These hide operations that QLineEdit's context menu calls by name.
+    // These hide slots that the context menu of `QLineEdit` calls by name.
     Q_SLOT void cut();
     Q_SLOT void paste();
 
 signals:
-    /// A person has changed the text, never code. A receiver may call `setText` at once.
+    /// The user, not code, has changed the text. A receiver may call `setText`.
     void edited(const QString& text);
 
-    /// A text that was to be pasted does not fit.
+    /// A pasted text does not fit.
     void refused();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    /// The selection stays while a menu of the menu bar is used, for the menu is to act on it.
+    /// Keeps the selection while a menu of the menu bar is open, since its items act on it.
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -97,8 +96,8 @@ private:
     Fold fold_;
     PasteHandler pasteHandler_;
     Fit fit_;
-    QString known_;           ///< the text that was assigned or told last
-    bool isBecoming_ = false; ///< `become` is at work, which raises `edited` itself at its end
+    QString known_;           ///< the text that was last assigned or reported
+    bool isBecoming_ = false; ///< `become` is running; it emits `edited` itself
 };
 
 } // namespace skyvert

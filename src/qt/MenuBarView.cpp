@@ -16,8 +16,8 @@ namespace skyvert {
 
 namespace {
 
-/// What an Edit item does in a text field and in the list, and when it can; a list knows only some
-/// of it.
+/// What an Edit item does in a text field and in the list, and when it is possible. Null where the
+/// list does not have the item.
 struct EditCommand {
     MenuCommand command;
     bool (*possible)(const QLineEdit&);
@@ -30,7 +30,7 @@ bool hasSelection(const QLineEdit& field) {
     return field.hasSelectedText();
 }
 
-/// Calls a slot by its name, so that a field with a slot of its own by that name runs that one.
+/// Calls a slot by its name, so that a slot of a derived class hides that of `QLineEdit`.
 void callSlot(QLineEdit& field, const char* slot) {
     QMetaObject::invokeMethod(&field, slot);
 }
@@ -77,7 +77,7 @@ void perform(const EditCommand& command, QWidget* target, ListboxView& list) {
         command.inList(list);
 }
 
-/// A window's list. A calendar that pops up is a table as well, hence the name.
+/// The list of a window, found by its name because the calendar popup is a table, too.
 ListboxView& listOf(const QWidget& window) {
     return dynamic_cast<ListboxView&>(*window.findChild<QTableView*>("list"));
 }
@@ -100,7 +100,7 @@ MenuBarView::MenuBarView(const MainMenuBar& menus, QMenuBar& bar)
     updateEditItems();
 }
 
-/// The list's own menu has the Edit items that the list knows.
+/// Adds the Edit items that apply to the list to its context menu.
 void MenuBarView::fillContextMenu() {
     for (const EditItem& item : editItems_) {
         if (editCommand(item.command)->inList != nullptr)
@@ -124,7 +124,7 @@ void MenuBarView::addItem(const MenuItem& item) {
     }
     QAction* const action = menus_.back()->addAction(toQString(item.Text));
     action->setObjectName(toQString(item.Name));
-    // Qt's "Ctrl" is the Command key where a keyboard has one.
+    // On macOS, Qt's "Ctrl" is the Command key.
     action->setShortcut(toQString(item.Shortcut).replace("Cmd", "Ctrl"));
     action->setMenuRole(item.Command == MenuCommand::Quit ? QAction::QuitRole : QAction::NoRole);
     connectCommand(*action, item.Command);
@@ -140,7 +140,7 @@ void MenuBarView::connectCommand(QAction& action, MenuCommand command) {
     }
 }
 
-/// An open menu takes the focus, but what it acts on stays the widget that had it before.
+/// An open menu takes the focus, but its items act on the widget that had the focus before.
 void MenuBarView::focusMoved(QWidget* now) {
     if (now == nullptr || qobject_cast<QMenuBar*>(now) || qobject_cast<QMenu*>(now))
         return;

@@ -14,10 +14,10 @@ namespace skyvert {
 class ListboxView;
 
 /// Fills a window's menu bar. "Quit" closes the window; the Edit items act on the text field that
-/// has the keyboard focus, as the desktop's own programs do, and on the list where no field has it.
+/// has the keyboard focus, or on the list if no field has it.
 class MenuBarView final : public QObject {
 public:
-    /// The menu bar must belong to its window already, and the window have its list.
+    /// The menu bar must already belong to its window, and the window must have its list.
     MenuBarView(const MainMenuBar& menus, QMenuBar& bar);
 
 private:
@@ -37,7 +37,7 @@ private:
     ListboxView& list_;
     std::vector<QMenu*> menus_;
     std::vector<EditItem> editItems_;
-    QPointer<QWidget> target_; ///< what has the focus, menus aside
+    QPointer<QWidget> target_; ///< the widget with the focus, ignoring menus
 };
 
 } // namespace skyvert

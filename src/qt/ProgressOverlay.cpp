@@ -23,7 +23,7 @@ constexpr qint64 kUpdateMilliseconds = 100;
 constexpr int kWidthInCharacters = 60;
 constexpr int kSteps = 1000;
 
-/// What a person does with mouse, keyboard, touch or a dragged object.
+/// The events of mouse, keyboard, tablet, touch, and drag and drop.
 constexpr std::array kInputs{QEvent::MouseButtonPress,
                              QEvent::MouseButtonRelease,
                              QEvent::MouseButtonDblClick,
@@ -95,7 +95,7 @@ void ProgressOverlay::end() {
         closeWindowLater();
 }
 
-/// The handler that the work runs in comes to its end first.
+/// Queued, so that the handler that runs the work returns first.
 void ProgressOverlay::closeWindowLater() {
     QMetaObject::invokeMethod(window_, "close", Qt::QueuedConnection);
 }
@@ -114,7 +114,7 @@ void ProgressOverlay::appear() {
     if (stoppedBy_ == StoppedBy::User) {
         auto* const button = new QPushButton("Stop");
         button->setObjectName("stop");
-        button->setFocusPolicy(Qt::NoFocus); // the focus is where it was when the work has ended
+        button->setFocusPolicy(Qt::NoFocus); // so that the focus stays where it was
         button->setToolTip("Esc");
         connect(button, &QPushButton::clicked, this, [this] { stop(StoppedBy::User); });
         row->addWidget(button);
@@ -158,7 +158,7 @@ bool ProgressOverlay::eventFilter(QObject* watched, QEvent* event) {
         return false;
     if (isEscape(*event))
         stop(StoppedBy::User);
-    // What is meant for the window as a whole goes on to the widget that it is for.
+    // An event for a whole window passes: Qt sends it on to a widget, where it is filtered again.
     const bool isKey = dynamic_cast<const QKeyEvent*>(event) != nullptr;
     return isKey || !(watched->isWindowType() || belongsToFrame(watched));
 }

@@ -11,18 +11,18 @@ class QProgressBar;
 
 namespace skyvert {
 
-/// Shows long work as a bar in the middle of a window, with a "Stop" button where the user may stop
-/// the work.
+/// Shows the progress of long work as a bar in the middle of a window, with a "Stop" button if the
+/// user may stop the work.
 ///
-/// Nothing appears for work that is over within half a second. After that the bar is brought up to
-/// date about ten times a second, and events are processed: the window is painted, and the work is
-/// stopped by the button, by Escape, and by closing the window, which then closes when the work has
-/// ended. Whatever else a person does meanwhile has no effect.
+/// Nothing appears for work that ends within half a second. After that the bar is updated about ten
+/// times a second, and events are processed: the window is painted, and the button, Escape or
+/// closing the window stops the work. In the last case the window closes after the work has ended.
+/// All other input is ignored.
 class ProgressOverlay final : public QObject, public Progress {
 public:
     ~ProgressOverlay() override;
 
-    /// The window to show the bar in. Until there is one, nothing is shown and nothing stopped.
+    /// Sets the window that shows the bar. Without one, nothing is shown and no work is stopped.
     void setWindow(QWidget* window) { window_ = window; }
 
     void begin(std::string_view what, StoppedBy stoppedBy) override;
@@ -42,13 +42,13 @@ private:
     bool belongsToFrame(const QObject* object) const;
 
     QPointer<QWidget> window_;
-    QPointer<QFrame> frame_; ///< the bar and its button, while they are shown; goes with the window
+    QPointer<QFrame> frame_; ///< the bar and its button while they are shown; owned by the window
     QProgressBar* bar_ = nullptr;
     QString what_;
     StoppedBy stoppedBy_ = StoppedBy::Nobody;
     bool working_ = false;
     bool stopped_ = false;
-    bool closing_ = false; ///< whether the window closes when the work has ended
+    bool closing_ = false; ///< the window closes after the work has ended
     QElapsedTimer sinceBegin_;
     QElapsedTimer sinceShown_;
 };

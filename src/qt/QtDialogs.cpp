@@ -12,21 +12,21 @@ namespace skyvert {
 
 namespace {
 
-/// Where Qt's file dialogs leave the folder that they were in last.
+/// The setting in which Qt's file dialogs store their last folder.
 constexpr const char* kFolderKey = "FileDialog/lastVisited";
 
 QSettings toolkitSettings() {
     return QSettings(QSettings::UserScope, "QtProject");
 }
 
-/// Where file dialogs start; at first, and where that folder is gone, the user's own.
+/// The folder in which file dialogs start: the stored one if it exists, otherwise the user's home.
 QString startFolder() {
     const QString kept = toolkitSettings().value(kFolderKey).toUrl().toLocalFile();
     return QFileInfo(kept).isDir() ? kept : QDir::homePath();
 }
 
-/// The choices of files to be listed. `suffix` comes first, for Qt puts the first one into the name
-/// when the choice changes.
+/// The name filters of a dialog. `suffix` comes first, since Qt gives the file name the first
+/// suffix of a filter that the user selects.
 QStringList nameFilters(const FileType& type, const QString& suffix) {
     const QString all = "All files (*)";
     if (type.Extensions.empty())
@@ -38,8 +38,8 @@ QStringList nameFilters(const FileType& type, const QString& suffix) {
             "Text documents and sources (" + first + " " + patterns.join(' ') + ")", all};
 }
 
-/// The desktop's own dialogs ask before a file is replaced, but for the name as it was typed; Qt's,
-/// which alone has a layout, asks for the one with the suffix.
+/// Whether the dialog itself asks before a file is replaced. A native dialog asks only for the name
+/// as typed; Qt's dialog, the only one with a layout, asks for the name with the suffix.
 bool isReplacementAsked(QFileDialog& dialog) {
     const QStringList completed = dialog.selectedFiles();
     const QString suffix = dialog.defaultSuffix();
@@ -57,8 +57,8 @@ bool mayReplace(QFileDialog& dialog) {
                QMessageBox::Yes;
 }
 
-/// Runs a dialog, and leads back to the window: when Return is pressed in the list of completions,
-/// that list is still open while the window gets the focus, and Qt would pass over it.
+/// Runs a dialog and activates the window again. If Return was pressed in the list of completions,
+/// that list is still open when the window gets the focus, and Qt would ignore that.
 bool isAccepted(QFileDialog& dialog) {
     const int answer = dialog.exec();
     QWidget* const window = dialog.parentWidget();
@@ -67,7 +67,7 @@ bool isAccepted(QFileDialog& dialog) {
     return answer == QDialog::Accepted;
 }
 
-/// Asks for a file. Qt would keep the folders that are looked at on the way.
+/// Asks for a file. Resets the dialog's folder, since Qt would store the last one that was browsed.
 std::optional<std::filesystem::path> ask(QFileDialog& dialog) {
     const QDir start = dialog.directory();
     const bool isChosen = isAccepted(dialog) && mayReplace(dialog);
@@ -107,7 +107,7 @@ std::optional<std::filesystem::path> QtDialogs::GetSaveFolderItem(const FileType
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(filter, suffix));
     dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(name); // the last: filters that come later change its suffix
+    dialog.selectFile(name); // last, since filters set later would change its suffix
     return ask(dialog);
 }
 

@@ -6,8 +6,8 @@ namespace skyvert {
 
 /// The desktop's own file dialogs and message boxes.
 ///
-/// The folder to start in is kept by Qt, in the settings that all its programs share, and nowhere
-/// else. Qt would keep whatever folder was looked at; here it is only what `StartIn` is told.
+/// Qt stores the folder to start in, in the settings that all Qt programs share. It would store
+/// every folder that the user browses; here only `StartIn` changes it.
 class QtDialogs final : public Dialogs {
 public:
     std::optional<std::filesystem::path> GetOpenFolderItem(const FileType& filter) override;

@@ -7,12 +7,12 @@
 
 namespace skyvert {
 
-/// UTF-8 as Qt's own text; bytes that are no UTF-8 become replacement characters.
+/// Converts UTF-8 to Qt's text; invalid bytes become replacement characters.
 inline QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// Qt's text as UTF-8.
+/// Converts Qt's text to UTF-8.
 inline std::string toUtf8(const QString& text) {
     return text.toStdString();
 }

@@ -14,7 +14,7 @@ class QtAlarm final : public Alarm {
 public:
     explicit QtAlarm(QTimer* timer) : timer_(timer) {}
 
-    /// The timer may be in the middle of its signal, so it is left to the event loop.
+    /// The timer may be emitting its signal, so the event loop deletes it.
     ~QtAlarm() override {
         timer_->stop();
         timer_->deleteLater();

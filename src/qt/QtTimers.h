@@ -8,11 +8,11 @@
 
 namespace skyvert {
 
-/// Alarms from Qt's event loop. One that falls due while long work processes events waits until the
-/// work has ended. What an alarm's call throws ends in the dispatcher.
+/// Schedules alarms on Qt's event loop. An alarm that falls due while long work processes events
+/// waits until the work has ended. An exception from its call ends in `dispatch`.
 class QtScheduler final : public Scheduler {
 public:
-    /// The dialogs and the progress outlive the scheduler.
+    /// The dialogs and the progress must outlive the scheduler.
     QtScheduler(Dialogs& dialogs, const Progress& progress)
         : dialogs_(dialogs), progress_(progress) {}
 
@@ -22,7 +22,7 @@ public:
 private:
     Dialogs& dialogs_;
     const Progress& progress_;
-    QObject timers_; ///< owns what is left of the timers
+    QObject timers_; ///< the parent of all timers
 };
 
 } // namespace skyvert

@@ -31,7 +31,7 @@ RunningCopy::RunningCopy(const std::filesystem::path& folder)
     : folder_(pathOf(folder)), request_(pathOf(folder / "Preferences.show")),
       lock_(pathOf(folder / "Preferences.lock")) {
     QDir().mkpath(folder_);
-    lock_.setStaleLockTime(0); // a lock never grows stale by its age, only by its owner's end
+    lock_.setStaleLockTime(0); // a lock becomes stale when its owner ends, never by its age
     QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_,
                      [this] { answerRequest(); });
     QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { answerRequest(); });
@@ -41,13 +41,13 @@ std::optional<RunningCopy::Refusal> RunningCopy::acquire() {
     if (tryLock())
         return std::nullopt;
     const std::optional<Owner> other = owner();
-    // A computer may have been renamed since, so one of another name is asked as well.
+    // The computer may have been renamed, so the other copy is asked even if the names differ.
     const bool isNear = !other || other->computer == QSysInfo::machineHostName();
     return askOtherCopy(isNear ? kPatienceMilliseconds : kFarPatienceMilliseconds,
                         isNear ? Refusal::NoAnswer : Refusal::OtherComputer);
 }
 
-/// True also where no lock can be had at all.
+/// Returns true also if no lock can be created at all.
 bool RunningCopy::tryLock() {
     return lock_.tryLock() || lock_.error() != QLockFile::LockFailedError;
 }
@@ -59,7 +59,8 @@ std::optional<RunningCopy::Owner> RunningCopy::owner() const {
     return owner;
 }
 
-/// Asks the other copy to show itself, and waits until it has done so or has ended.
+/// Asks the other copy to show itself, and waits until it has done so or has ended. Returns nothing
+/// if this copy has got the lock.
 std::optional<RunningCopy::Refusal> RunningCopy::askOtherCopy(qint64 patience,
                                                               Refusal withoutAnswer) {
     if (!QFile(request_).open(QIODevice::WriteOnly))
@@ -71,7 +72,7 @@ std::optional<RunningCopy::Refusal> RunningCopy::askOtherCopy(qint64 patience,
             return std::nullopt;
         if (!QFile::exists(request_))
             return Refusal::OtherCopyShown;
-        // A copy that was killed as it made the lock has left it without its name.
+        // A copy that was killed while it created the lock has left it without an owner.
         if (waiting.elapsed() > kNamelessMilliseconds && !owner() && lock_.removeStaleLockFile())
             continue;
         QThread::msleep(kPauseMilliseconds);
@@ -105,8 +106,8 @@ void RunningCopy::onRequest(std::function<bool()> asked) {
     asked_ = std::move(asked);
     if (!asked_ || !lock_.isLocked())
         return;
-    QFile::remove(request_);        // made before this copy was there to be shown
-    if (!watcher_.addPath(folder_)) // the system watches only so many
+    QFile::remove(request_);        // made before this copy could be shown
+    if (!watcher_.addPath(folder_)) // the system limits how many it watches
         poll_.start(kPollMilliseconds);
 }
 

@@ -22,13 +22,13 @@ namespace {
 constexpr std::array kEndings{SIGINT, SIGTERM, SIGHUP};
 constexpr std::array kFailedWrites{SIGPIPE, SIGXFSZ};
 
-// A signal handler is given nothing but the signal's number, so the two ends of the socket that it
-// writes to have to stand where it can find them.
+// A signal handler receives only the signal's number, so the socket pair that it writes to must be
+// global.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 std::array<int, 2> ends{-1, -1};
 
-/// Only what is safe inside a signal handler: one byte wakes the event loop. When the socket is
-/// full of them, one more is not needed.
+/// Wakes the event loop by one byte, with calls that are safe in a signal handler. If the socket is
+/// full, another byte is not needed.
 void wakeEventLoop(int /*signal*/) {
     const int error = errno;
     [[maybe_unused]] const ssize_t written = write(ends[0], "", 1);
@@ -43,7 +43,7 @@ void handleSignals(std::span<const int> numbers, void (*handler)(int)) {
     for (const int number : numbers) {
         struct sigaction present {};
 
-        // What the program was told to ignore at its start, as by nohup, it goes on ignoring.
+        // A signal that was ignored at the program's start, as by nohup, stays ignored.
         const bool isIgnored = sigaction(number, nullptr, &present) == 0 &&
                                present.sa_handler == SIG_IGN && handler == &wakeEventLoop;
         if (!isIgnored)

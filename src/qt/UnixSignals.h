@@ -8,18 +8,17 @@ class QSocketNotifier;
 
 namespace skyvert {
 
-/// Catches the signals that ask a program to end (SIGINT, SIGTERM, SIGHUP) for as long as it lives,
-/// and turns them into a call from the event loop. Writing to a pipe without a reader, or beyond
-/// the size that a file may have, becomes an error of that write instead of the program's end.
-/// Does nothing on systems that have no such signals.
-/// At most one object of this class may live at a time.
+/// During its lifetime, turns the signals that ask the program to end (SIGINT, SIGTERM, SIGHUP)
+/// into a call from the event loop. A write to a pipe without a reader, or beyond the limit of file
+/// sizes, then fails instead of ending the program. Does nothing on systems without these signals.
+/// At most one object of this class may exist at a time.
 class UnixSignals final : public QObject {
 public:
     UnixSignals();
     ~UnixSignals() override;
 
-    /// Has `asked` called for every signal, one that came before included. With an empty function
-    /// signals are caught and have no effect.
+    /// Sets the function to call after a signal, including one received earlier. With an empty
+    /// function signals have no effect.
     void onSignal(std::function<void()> asked);
 
 private:

@@ -20,8 +20,9 @@ using namespace skyvert;
 
 namespace {
 
-/// The texts are black or red and every other row of the list is light grey, so the program needs
-/// light surroundings. Where the system's are dark it takes the style that can be told otherwise.
+/// Texts are black or red and every other row of the list is light grey, so the program needs a
+/// light palette. If the system's palette is dark, this selects Fusion, a style that accepts
+/// another one.
 void askForLightPalette() {
     constexpr int kHalfway = 128;
     if (QApplication::palette().color(QPalette::Base).lightness() >= kHalfway)
@@ -40,7 +41,7 @@ Locale systemLocale() {
             .groupSeparator = toUtf8(system.groupSeparator())};
 }
 
-/// The folder that holds the user's settings of all programs.
+/// The folder for the user's settings of all programs.
 std::filesystem::path applicationData() {
 #if defined(Q_OS_WIN)
     return qEnvironmentVariable("APPDATA").toStdU16String();
@@ -59,13 +60,13 @@ QIcon windowIcon() {
     return icon;
 }
 
-/// What the system and other copies of the program tell this one.
+/// The sources of requests from the system and from other copies of the program.
 struct Outside {
     UnixSignals& unixSignals;
     RunningCopy& runningCopy;
 };
 
-/// The window's life. Returns the exit code of the event loop.
+/// Shows the window until it closes. Returns the exit code of the event loop.
 int runWindow(App& app, ProgressOverlay& progress, const Outside& outside) {
     MainWindow window(app);
     MainWindowView view(window, app);
@@ -74,14 +75,14 @@ int runWindow(App& app, ProgressOverlay& progress, const Outside& outside) {
     progress.setWindow(&view);
     view.open(view.screen()->availableGeometry());
     const int code = QApplication::exec();
-    // Whatever ended the event loop: the close handlers have run when this is over.
+    // Whatever ended the event loop, the close handlers run now at the latest.
     view.close();
     outside.unixSignals.onSignal({});
     outside.runningCopy.onRequest({});
     return code;
 }
 
-/// The life of a copy that may use the settings.
+/// Runs a copy that may use the settings. Returns the exit code.
 int run(App& app, ProgressOverlay& progress, const Outside& outside) {
     Dialogs& dialogs = app.desktop().dialogs;
     bool opened = false;
@@ -90,13 +91,13 @@ int run(App& app, ProgressOverlay& progress, const Outside& outside) {
         opened = true;
     });
     if (!opened)
-        return EXIT_FAILURE; // and the settings file as it was
+        return EXIT_FAILURE; // the settings file stays unchanged
     const int code = runWindow(app, progress, outside);
     dispatch(dialogs, [&app] { app.Event_Close(); });
     return code;
 }
 
-/// The end of a copy that may not. Returns the exit code.
+/// Ends a copy that may not use the settings. Returns the exit code.
 int refuse(const RunningCopy& copy, RunningCopy::Refusal refusal, Dialogs& dialogs) {
     if (refusal == RunningCopy::Refusal::OtherCopyShown)
         return EXIT_SUCCESS;
