@@ -1,4 +1,4 @@
-# What `cmake --install` puts where, and the Debian package of it: `cpack -G DEB`, scripts/package.
+# The files that `cmake --install` installs, and the Debian package (`cpack -G DEB`, scripts/package).
 include(GNUInstallDirs)
 
 install(TARGETS skyvert
@@ -6,7 +6,7 @@ install(TARGETS skyvert
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 if(APPLE OR WIN32)
-  # Puts Qt's libraries and plug-ins into the bundle or beside the program.
+  # Copies Qt's libraries and plug-ins into the bundle or beside the program.
   qt_generate_deploy_app_script(TARGET skyvert FILENAME_VARIABLE deploy_script)
   install(SCRIPT ${deploy_script})
 else()
@@ -27,8 +27,8 @@ else()
       DESTINATION ${icons}/${size}x${size}/apps RENAME skyvert.png)
   endforeach()
 
-  # The documents keep their places to each other, so that the links between them hold. Those for
-  # developers, and the README that links to them, stay with the sources.
+  # The documents keep their relative paths, so that the links between them work. Documents for
+  # developers, and the README that links to them, are not installed.
   set(documents ${CMAKE_INSTALL_DATADIR}/doc/skyvert)
   foreach(file IN ITEMS changelog skyvert.1)
     execute_process(COMMAND gzip --best --no-name --stdout ${made}/${file}
@@ -60,6 +60,6 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Without any font package every character is a box.
+# Without a font package every character is a box.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-dejavu-core)
 include(CPack)

@@ -1,15 +1,15 @@
-# How every target of the project is compiled, and the two ways to declare one.
+# The compile options of all targets, and two functions that declare targets.
 
 add_library(skyvert_options INTERFACE)
 target_include_directories(skyvert_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(MSVC)
   target_compile_options(skyvert_options INTERFACE /W4 /utf-8 /fp:precise)
 else()
-  # No contraction: a fused multiply-add would round once where the written arithmetic rounds twice.
+  # No contraction: a fused multiply-add rounds once, a multiplication and an addition round twice.
   target_compile_options(skyvert_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -ffp-contract=off)
 endif()
-# What Debian asks of its packages: hardened, and the same bytes whatever folder they are built in.
+# Debian asks for hardened packages that do not depend on the folder in which they are built.
 if(UNIX AND NOT APPLE)
   set(hardening -fstack-protector-strong -D_FORTIFY_SOURCE=2)
   target_compile_options(skyvert_options INTERFACE
@@ -17,12 +17,12 @@ if(UNIX AND NOT APPLE)
   target_link_options(skyvert_options INTERFACE "$<$<CONFIG:Release>:LINKER:-z,relro,-z,now>")
 endif()
 if(SKYVERT_SANITIZE)
-  # A cast of a number that does not fit is undefined too, but no part of `undefined`.
+  # `undefined` does not include casts of floating-point numbers out of range.
   set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
   target_compile_definitions(skyvert_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_compile_options(skyvert_options INTERFACE ${sanitizers}
-    # GCC 12 takes the members of a moved-from std::variant for uninitialized under these.
+    # With sanitizers, GCC 12 wrongly reports members of a moved-from std::variant as uninitialized.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(skyvert_options INTERFACE ${sanitizers})
 endif()
@@ -48,7 +48,7 @@ function(skyvert_layer name)
 endfunction()
 
 # skyvert_test(FOLDER SOURCES file... LIBRARIES lib...)
-# The test program of one folder below tests/; every test in it is known to CTest by its own name.
+# The test program of one folder below tests/. CTest runs each of its tests by name.
 function(skyvert_test folder)
   cmake_parse_arguments(test "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${folder}_tests ${test_SOURCES})
@@ -56,6 +56,6 @@ function(skyvert_test folder)
   target_link_libraries(${folder}_tests PRIVATE ${test_LIBRARIES} GTest::gtest_main)
   target_compile_definitions(${folder}_tests PRIVATE
     SKYVERT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-  # Asked for its tests when they are run and not when it is built: there they have their environment.
+  # Lists the tests when CTest runs, not after the build: only then is their environment set.
   gtest_discover_tests(${folder}_tests DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60)
 endfunction()

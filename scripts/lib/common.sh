@@ -1,12 +1,12 @@
 # shellcheck shell=bash
-# What every script shares. A script in scripts/ opens with:
+# Functions that all scripts share. A script in scripts/ starts with:
 #   set -euo pipefail
 #   source "$(dirname "${BASH_SOURCE[0]}")/lib/common.sh"
-# From there on it stands in the project's root folder, whatever folder it was called from.
+# This makes the project's root the current folder, wherever the script was called.
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit
 
-# headline TEXT: opens a step in the output.
+# headline TEXT: prints the heading of a step.
 headline() {
     printf '\n== %s\n' "$*"
 }
@@ -17,7 +17,7 @@ die() {
     exit 1
 }
 
-# repeat_until SECONDS COMMAND...: runs the command until it succeeds; fails when the time is up.
+# repeat_until SECONDS COMMAND...: repeats the command until it succeeds; fails after SECONDS.
 repeat_until() {
     local deadline=$((SECONDS + $1))
     shift
@@ -27,14 +27,14 @@ repeat_until() {
     done
 }
 
-# sources: the project's own C++ files, each ended by a zero byte.
+# sources: prints the names of the project's C++ files, each followed by a zero byte.
 sources() {
     local folders=(src tests)
     [[ ! -d benchmarks ]] || folders+=(benchmarks)
     find "${folders[@]}" \( -name '*.cpp' -o -name '*.h' \) -print0 | sort -z
 }
 
-# build_preset PRESET [TARGET]: configures a preset and builds it, or one target of it.
+# build_preset PRESET [TARGET]: configures a preset and builds all of it or one target.
 build_preset() {
     cmake --preset "$1"
     cmake --build --preset "$1" ${2:+--target "$2"}

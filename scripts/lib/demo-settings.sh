@@ -1,18 +1,18 @@
 # shellcheck shell=bash
-# A settings folder with the example list in it, for pictures of the program at work.
+# Makes a settings folder that holds the example list, for pictures of the program.
 # Needs lib/common.sh.
 
-# entry KEY ELEMENT TEXT: one entry of a settings file.
+# entry KEY ELEMENT TEXT: prints an entry of a settings file.
 entry() {
     printf '\t<key>%s</key>\n\t<%s>%s</%s>\n' "$1" "$2" "$3" "$2"
 }
 
-# epoch ROW: the stored text of a row of the epoch's choice, counted from 0.
+# epoch ROW: prints the stored text of an epoch; ROW is its row in the popup, counted from 0.
 epoch() {
     printf '{"epochPopup":%d,"epochDate":"2000-01-01"}' "$1"
 }
 
-# list_entries FILE: the rows of a tab-separated list.
+# list_entries FILE: prints the entries for the rows of a tab-separated list.
 list_entries() {
     local ra dec _ rows=0
     while IFS=$'\t' read -r ra dec _; do
@@ -23,8 +23,8 @@ list_entries() {
     entry nContents integer "$rows"
 }
 
-# make_demo_settings FOLDER: makes the folder afresh, for use as XDG_CONFIG_HOME: the example list,
-# from J2000.0 to B1950.0.
+# make_demo_settings FOLDER: replaces the folder, which can then serve as XDG_CONFIG_HOME, by one
+# with the example list, precessed from J2000.0 to B1950.0.
 make_demo_settings() {
     rm -rf "$1"
     mkdir -p "$1/Skyvert"

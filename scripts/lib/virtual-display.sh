@@ -1,13 +1,13 @@
 # shellcheck shell=bash
-# A display without a screen, with a window manager, and pictures of the windows on it.
+# Starts a display without a screen, with a window manager, and takes pictures of its windows.
 # Needs lib/common.sh and the package group `display`. The display ends with the script that
-# started it, however that one ends.
+# started it, however that script ends.
 
 virtual_display_folder=
 virtual_display_pids=()
 
-# start_display SIZE: starts a display of the given size, such as 1280x1024, under a free number,
-# sets DISPLAY to it, and returns when its window manager is ready.
+# start_display SIZE: starts a display of this size, such as 1280x1024, under a free number, sets
+# DISPLAY, and returns when the window manager is ready.
 start_display() {
     trap stop_display EXIT
     trap 'exit 130' INT
@@ -23,7 +23,7 @@ start_display() {
 
     openbox --sm-disable >>"$log" 2>&1 &
     virtual_display_pids+=($!)
-    # Only under a window manager is there a current desktop to tell.
+    # Without a window manager there is no current desktop.
     repeat_until 20 xdotool get_desktop || die "the window manager did not start: $(<"$log")"
 }
 
@@ -33,14 +33,14 @@ find_window() {
     ids=$(xdotool search --onlyvisible --name "^$1\$") && head -n 1 <<<"$ids"
 }
 
-# take_window_picture NAME FILE: waits for the window of that title and saves its inside.
+# take_window_picture NAME FILE: waits for the window with this title and saves its content.
 take_window_picture() {
     repeat_until 30 find_window "$1" || die "no window with the title \"$1\" appeared"
-    sleep 2 # what the program does in its first moments belongs into the picture
+    sleep 2 # until the program has finished its start
     import -window "$(find_window "$1")" "$2"
 }
 
-# end_program PID: asks a program to end, as a desktop does, and waits until it has.
+# end_program PID: asks a program to end, as a desktop does, and waits until it has ended.
 end_program() {
     kill -TERM "$1"
     repeat_until 10 has_ended "$1" || die "the program did not end when asked to"
@@ -51,7 +51,7 @@ has_ended() {
     ! kill -0 "$1"
 }
 
-# stop_display: ends the display and everything on it. Runs by itself at the end of the script.
+# stop_display: ends the display and all programs on it. Runs automatically when the script ends.
 stop_display() {
     local pid
     for pid in "${virtual_display_pids[@]}"; do
