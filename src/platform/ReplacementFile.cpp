@@ -34,8 +34,8 @@ File createTemporary(const fs::path& folder, File::Use use, fs::path& path) {
         File file(path, use);
         if (!file.isOpen() && errno != EEXIST)
             return file;
-        // It may have been removed as abandoned before it was locked. A file system without locks
-        // is no danger: nothing is removed there.
+        // It may have been removed as abandoned before it was locked. Without locks on the file
+        // system nothing is removed.
         if (file.isOpen() && (file.lock() || errno != EWOULDBLOCK) && file.isAt(path))
             return file;
     }
