@@ -1,6 +1,6 @@
 // The yardstick: what one core can do at best. The program's work on one row (read, parse, precess,
 // write four cells), written by hand for one pair of notations with nothing of the program in it: no
-// records, no messages, no exact rounding. benchmarks/all_roads.py times the program against it.
+// records, no messages, no exact rounding. benchmarks/all_paths.py times the program against it.
 // It stands as it was measured with: only for speed, in a style of its own, and never formatted.
 //
 // limit.cpp: the practical limit of one core for "read list, parse, precess (IAU 1976), render four cells, write list".

@@ -8,7 +8,7 @@
 #include <iostream>
 #include <string>
 
-// What the benchmarks of whole roads share: a user who is always quick, and how to look at the
+// What the benchmarks of whole paths share: a user who is always quick, and how to look at the
 // clock and the memory.
 namespace skyvert {
 
@@ -61,9 +61,9 @@ inline void choose(MainWindow& window, const Locale& locale, const std::string& 
     window.ListFormat.setValue(dialect);
 }
 
-inline double nanoseconds(const std::function<void()>& road) {
+inline double nanoseconds(const std::function<void()>& path) {
     const auto begin = std::chrono::steady_clock::now();
-    road();
+    path();
     return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin)
         .count();
 }

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Measures every road of the program against the yardstick, and prints two tables.
+"""Measures every path of the program against the yardstick, and prints two tables.
 
-all_roads.py BUILD-FOLDER [ROUNDS]
+all_paths.py BUILD-FOLDER [ROUNDS]
 
-Each ratio is one of medians, both sides measured in turn within this run. The roads in a window
+Each ratio is one of medians, both sides measured in turn within this run. The paths in a window
 need a display. Data is made by yardstick/gen.py and kept in BUILD-FOLDER/bench.
 """
 
@@ -62,12 +62,12 @@ class Bench:
     def limit(self, rows=1000000, stage="all"):
         return self.number("ns/row", self.programs / "limit", self.file(rows, "tab"), self.data / "limit.tsv", stage)
 
-    def road(self, road, rows=1000000, kind="tab", dialect="Tab-separated", notation=BLANKS, program="roads", unit="ns/row"):
-        return self.number(unit, self.programs / program, road, self.file(rows, kind), self.settings / "out.txt",
+    def path(self, path, rows=1000000, kind="tab", dialect="Tab-separated", notation=BLANKS, program="paths", unit="ns/row"):
+        return self.number(unit, self.programs / program, path, self.file(rows, kind), self.settings / "out.txt",
                            dialect, notation, notation)
 
-    def process(self, road, rows=20):
-        return self.seconds(self.programs / "window_roads", road, self.file(rows, "tab"), self.settings / "out.txt",
+    def process(self, path, rows=20):
+        return self.seconds(self.programs / "window_paths", path, self.file(rows, "tab"), self.settings / "out.txt",
                             "Tab-separated", BLANKS, BLANKS)
 
     def in_turn(self, ours, theirs):
@@ -86,12 +86,12 @@ class Bench:
 
     def saved(self, rows):
         self.forget()
-        return self.road("save", rows)
+        return self.path("save", rows)
 
     def loaded(self, rows):
         if not (self.settings / "Skyvert").exists():
             self.saved(rows)
-        return self.road("load", rows)
+        return self.path("load", rows)
 
 
 def row(name, ours, theirs, goal, unit):
@@ -101,27 +101,27 @@ def row(name, ours, theirs, goal, unit):
 
 
 def goals(bench):
-    print("| road | ours | against | ratio | goal | |\n|---|---|---|---|---|---|")
+    print("| path | ours | against | ratio | goal | |\n|---|---|---|---|---|---|")
     bench.forget()
-    engine = [bench.programs / "engine_road", bench.file(1000000, "tab")]
+    engine = [bench.programs / "engine_path", bench.file(1000000, "tab")]
     row("engine", *bench.in_turn(lambda: bench.number("ns/row", *engine), lambda: bench.limit(stage="format")), 1.5, "ns")
-    row("import, tab", *bench.in_turn(lambda: bench.road("import"), bench.limit), 2, "ns")
+    row("import, tab", *bench.in_turn(lambda: bench.path("import"), bench.limit), 2, "ns")
     row("import, comma", *bench.in_turn(
-        lambda: bench.road("import", kind="csv", dialect="Comma-separated", notation=COLONS), bench.limit), 2.5, "ns")
+        lambda: bench.path("import", kind="csv", dialect="Comma-separated", notation=COLONS), bench.limit), 2.5, "ns")
     row("import, space", *bench.in_turn(
-        lambda: bench.road("import", kind="colon", dialect="Space-separated", notation=COLONS), bench.limit), 2.5, "ns")
+        lambda: bench.path("import", kind="colon", dialect="Space-separated", notation=COLONS), bench.limit), 2.5, "ns")
     row("slowest of 18 x 10 notations, against the first row's", *bench.slowest_notation(), 2, "ns")
-    row("export", *bench.in_turn(lambda: bench.road("export"), lambda: bench.limit(stage="io")), 3, "ns")
+    row("export", *bench.in_turn(lambda: bench.path("export"), lambda: bench.limit(stage="io")), 3, "ns")
     row("import in the window, against headless", *bench.in_turn(
-        lambda: bench.road("import", program="window_roads"), lambda: bench.road("import")), 1.5, "ns")
+        lambda: bench.path("import", program="window_paths"), lambda: bench.path("import")), 1.5, "ns")
     row("start of an empty program, against an empty window", *bench.in_turn(
         lambda: bench.process("empty"), lambda: bench.process("plain")), 1.6, "s")
-    memory = bench.road("import", program="window_roads", unit="MB") - bench.road(
-        "import", rows=20, program="window_roads", unit="MB")
+    memory = bench.path("import", program="window_paths", unit="MB") - bench.path(
+        "import", rows=20, program="window_paths", unit="MB")
     print(f"| memory of 1,000,000 rows | {memory:.0f} MB | | | 120 MB | {'reached' if memory <= 120 else 'NOT REACHED'} |")
     row("a frame of scrolling 1,000,000 rows, against 20", *bench.in_turn(
-        lambda: bench.road("scroll", program="window_roads", unit="ms/frame"),
-        lambda: bench.road("scroll", rows=20, program="window_roads", unit="ms/frame")), 1.15, "ms")
+        lambda: bench.path("scroll", program="window_paths", unit="ms/frame"),
+        lambda: bench.path("scroll", rows=20, program="window_paths", unit="ms/frame")), 1.15, "ms")
     row("save 1,000,000 rows", *bench.in_turn(lambda: bench.saved(1000000), bench.limit), 15, "ns")
     row("save 100,000 rows", *bench.in_turn(lambda: bench.saved(100000), lambda: bench.limit(100000)), 12, "ns")
     bench.saved(100000)
@@ -134,14 +134,14 @@ def goals(bench):
 
 def growth(bench):
     counts = [1000, 10000, 100000, 1000000, 5000000]
-    print("\nNanoseconds a row:\n\n| road | " + " | ".join(f"{count:,}" for count in counts) + " |")
+    print("\nNanoseconds a row:\n\n| path | " + " | ".join(f"{count:,}" for count in counts) + " |")
     print("|---" * (len(counts) + 1) + "|")
-    for road in ("import", "export", "save", "load"):
+    for path in ("import", "export", "save", "load"):
         figures = []
         for count in counts:
-            bench.saved(count) if road == "load" else bench.forget()
-            figures.append(f"{bench.road(road, count):.0f}")
-        print(f"| {road} | " + " | ".join(figures) + " |", flush=True)
+            bench.saved(count) if path == "load" else bench.forget()
+            figures.append(f"{bench.path(path, count):.0f}")
+        print(f"| {path} | " + " | ".join(figures) + " |", flush=True)
     figures = [f"{bench.limit(count):.0f}" for count in counts]
     print("| yardstick | " + " | ".join(figures) + " |")
     bench.forget()

@@ -1,4 +1,4 @@
-// engine_road LIST [RA-NOTATION DEC-NOTATION]
+// engine_path LIST [RA-NOTATION DEC-NOTATION]
 // Converts every row of a list that is kept in memory, and says what a row takes. The list has two
 // cells a row, joined by TAB, in HH MM SS and +DD MM SS: what yardstick/gen.py writes as `tab`. In
 // other notations it is rendered first, outside the measured time.
@@ -58,7 +58,7 @@ std::string inNotations(const std::vector<Row>& rows, const char* ra, const char
 
 int main(int argc, char** argv) {
     if (argc != 2 && argc != 4) {
-        std::cerr << "engine_road LIST [RA-NOTATION DEC-NOTATION]\n";
+        std::cerr << "engine_path LIST [RA-NOTATION DEC-NOTATION]\n";
         return 2;
     }
     std::string list = contentsOf(argv[1]);

@@ -1,14 +1,14 @@
-// window_roads ROAD IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT
+// window_paths PATH IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT
 //
-// Runs one road of the program in its real window. ROAD is
+// Runs one path of the program in its real window. PATH is
 //   plain   an empty window of the toolkit, until it is painted
 //   empty   the program, until its window is painted
 //   start   the program, until the stored rows are painted
 //   import  button to last row painted; prints the nanoseconds a row and the memory
 //   scroll  the same, then prints the milliseconds of a frame while the list is scrolled
-// Formats and the settings file are given as to `roads`. The first three are timed from outside,
+// Formats and the settings file are given as to `paths`. The first three are timed from outside,
 // as whole processes.
-#include "RoadProgram.h"
+#include "PathProgram.h"
 #include "platform/Clock.h"
 #include "qt/MainWindowView.h"
 #include "qt/QtTimers.h"
@@ -67,7 +67,7 @@ double millisecondsOfAFrame(QTableView& table) {
     return time / kFrames / 1e6;
 }
 
-int runProgram(const std::string& road, char* argv[]) {
+int runProgram(const std::string& path, char* argv[]) {
     const Locale locale;
     const SystemClock clock;
     FixedDialogs dialogs;
@@ -83,13 +83,13 @@ int runProgram(const std::string& road, char* argv[]) {
     PaintCounter painted(*table.viewport());
     view.open({0, 0, 1280, 1024});
     processEventsUntil([&] { return painted.count > 0; });
-    if (road == "empty")
+    if (path == "empty")
         return 0;
     const auto isShown = [&] {
         return window.list.RowCount() > 0 && painted.count > 0 &&
                table.model()->rowCount() == window.list.RowCount();
     };
-    if (road == "start") {
+    if (path == "start") {
         processEventsUntil([&] { return table.model()->rowCount() > 0; });
         painted.count = 0;
         processEventsUntil(isShown);
@@ -103,7 +103,7 @@ int runProgram(const std::string& road, char* argv[]) {
         processEventsUntil(isShown);
     });
     std::cout << std::fixed << std::setprecision(3);
-    if (road == "scroll")
+    if (path == "scroll")
         std::cout << millisecondsOfAFrame(table) << " ms/frame\n";
     else
         std::cout << time / static_cast<double>(window.list.RowCount()) << " ns/row  "
@@ -115,12 +115,12 @@ int runProgram(const std::string& road, char* argv[]) {
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
-    const std::string road = argc > 1 ? argv[1] : "";
-    if (road == "plain")
+    const std::string path = argc > 1 ? argv[1] : "";
+    if (path == "plain")
         return showPlainWindow();
     if (argc < 7) {
-        std::cerr << "usage: window_roads ROAD IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT\n";
+        std::cerr << "usage: window_paths PATH IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT\n";
         return 2;
     }
-    return runProgram(road, argv);
+    return runProgram(path, argv);
 }

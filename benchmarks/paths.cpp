@@ -1,11 +1,11 @@
-// roads ROAD IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT
+// paths PATH IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT
 //
-// Runs one road of the program without a screen, and prints its rows, its nanoseconds a row and
-// the memory of the process. ROAD is import (file to list), export (list to file), save (list to
+// Runs one path of the program without a screen, and prints its rows, its nanoseconds a row and
+// the memory of the process. PATH is import (file to list), export (list to file), save (list to
 // settings file), load (settings file to list) or start (a program whose list is empty). Formats
-// are the text form of a format with ";" in place of tabs. Only the road itself is timed. The
+// are the text form of a format with ";" in place of tabs. Only the path itself is timed. The
 // settings file is looked for in the folder of OUT. The epochs are 1 January 1950 and 2000.
-#include "RoadProgram.h"
+#include "PathProgram.h"
 
 #include <iomanip>
 
@@ -49,14 +49,14 @@ struct Program {
     std::optional<MainWindow> window;
 };
 
-double run(const std::string& road, Program& program) {
+double run(const std::string& path, Program& program) {
     MainWindow& window = *program.window;
-    if (road == "start")
+    if (path == "start")
         return 0;
     const double import = nanoseconds([&] { window.FileImportBtn.press(); });
-    if (road == "export")
+    if (path == "export")
         return nanoseconds([&] { window.ExportListBtn.press(); });
-    if (road == "save") {
+    if (path == "save") {
         return nanoseconds([&] {
             window.close();
             program.app.Event_Close();
@@ -69,21 +69,21 @@ double run(const std::string& road, Program& program) {
 
 int main(int argc, char* argv[]) {
     if (argc < 7) {
-        std::cerr << "usage: roads ROAD IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT\n";
+        std::cerr << "usage: paths PATH IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT\n";
         return 2;
     }
-    const std::string road = argv[1];
+    const std::string path = argv[1];
     const std::filesystem::path out = argv[3];
     std::optional<Program> program;
     const double start = nanoseconds([&] { program.emplace(out.parent_path()); });
     program->dialogs.in = argv[2];
     program->dialogs.out = out;
     const double ready = nanoseconds([&] { program->scheduler.runAll(); });
-    if (road != "load")
+    if (path != "load")
         choose(*program->window, program->locale, argv[4], argv[5], argv[6]);
-    const double time = road == "load" ? start + ready : run(road, *program);
+    const double time = path == "load" ? start + ready : run(path, *program);
     const std::int64_t rows = program->window->list.RowCount();
-    std::cout << std::fixed << std::setprecision(1) << road << " rows " << rows << "  "
+    std::cout << std::fixed << std::setprecision(1) << path << " rows " << rows << "  "
               << time / static_cast<double>(std::max<std::int64_t>(rows, 1)) << " ns/row  "
               << residentBytes() / 1e6 << " MB\n";
 }
