@@ -50,13 +50,13 @@ inline RADecFormat formatOf(std::string text, const Locale& locale) {
     return {text, locale};
 }
 
-/// 1 January 1950 to 1 January 2000, between these formats, with files of a dialect.
+/// 1 January 1950 to 1 January 2000, in one format on both sides, with files of a dialect.
 inline void choose(MainWindow& window, const Locale& locale, const std::string& dialect,
-                   const std::string& input, const std::string& output) {
+                   const std::string& format) {
     window.fromEpoch.epochPopup.setValue("B1950.0");
     window.toEpoch.epochPopup.setValue("J2000.0");
-    window.inFormat.setFormat(formatOf(input, locale));
-    window.outFormat.setFormat(formatOf(output, locale));
+    window.inFormat.setFormat(formatOf(format, locale));
+    window.outFormat.setFormat(formatOf(format, locale));
     window.fileFormat.setValue(dialect);
     window.ListFormat.setValue(dialect);
 }
@@ -68,13 +68,16 @@ inline double nanoseconds(const std::function<void()>& path) {
         .count();
 }
 
-/// The memory that the process holds now, in bytes; 0 where the system does not tell.
-inline double residentBytes() {
-    constexpr double kPage = 4096;
-    double pages = 0;
-    std::ifstream statm("/proc/self/statm");
-    statm >> pages >> pages;
-    return pages * kPage;
+/// Memory of the process in MB: "VmRSS:", what it holds now, or "VmHWM:", the most it has held. 0
+/// where the system does not tell.
+inline double megabytes(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    double kibibytes = 0;
+    for (std::string word; status >> word;) {
+        if (word == name)
+            status >> kibibytes;
+    }
+    return kibibytes * 1024 / 1e6;
 }
 
 } // namespace skyvert

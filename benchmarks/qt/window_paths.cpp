@@ -1,13 +1,9 @@
-// window_paths PATH IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT
+// window_paths PATH IN OUT DIALECT FORMAT
 //
 // Runs one path of the program in its real window. PATH is
-//   plain   an empty window of the toolkit, until it is painted
-//   empty   the program, until its window is painted
-//   start   the program, until the stored rows are painted
-//   import  button to last row painted; prints the nanoseconds a row and the memory
+//   import  button to last row painted; prints the nanoseconds a row and the memory of the rows
 //   scroll  the same, then prints the milliseconds of a frame while the list is scrolled
-// Formats and the settings file are given as to `paths`. The first three are timed from outside,
-// as whole processes.
+// The arguments are those of `paths`.
 #include "PathProgram.h"
 #include "platform/Clock.h"
 #include "qt/MainWindowView.h"
@@ -15,7 +11,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QMainWindow>
 #include <QScrollBar>
 #include <QTableView>
 
@@ -42,17 +37,6 @@ template <typename Condition>
 void processEventsUntil(const Condition& reached) {
     while (!reached())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
-int showPlainWindow() {
-    QMainWindow window;
-    auto* const content = new QWidget;
-    window.setCentralWidget(content);
-    window.resize(893, 550);
-    const PaintCounter painted(*content);
-    window.show();
-    processEventsUntil([&] { return painted.count > 0; });
-    return 0;
 }
 
 double millisecondsOfAFrame(QTableView& table) {
@@ -82,32 +66,22 @@ int runProgram(const std::string& path, char* argv[]) {
     QTableView& table = *view.findChild<QTableView*>();
     PaintCounter painted(*table.viewport());
     view.open({0, 0, 1280, 1024});
-    processEventsUntil([&] { return painted.count > 0; });
-    if (path == "empty")
-        return 0;
-    const auto isShown = [&] {
-        return window.list.RowCount() > 0 && painted.count > 0 &&
-               table.model()->rowCount() == window.list.RowCount();
-    };
-    if (path == "start") {
-        processEventsUntil([&] { return table.model()->rowCount() > 0; });
-        painted.count = 0;
-        processEventsUntil(isShown);
-        return 0;
-    }
     processEventsUntil([&] { return window.OpenTimer.mode() == Timer::Mode::Off; });
-    choose(window, locale, argv[4], argv[5], argv[6]);
+    choose(window, locale, argv[4], argv[5]);
+    const double empty = megabytes("VmRSS:");
     const double time = nanoseconds([&] {
         window.FileImportBtn.press();
         painted.count = 0;
-        processEventsUntil(isShown);
+        processEventsUntil([&] {
+            return painted.count > 0 && table.model()->rowCount() == window.list.RowCount();
+        });
     });
     std::cout << std::fixed << std::setprecision(3);
     if (path == "scroll")
         std::cout << millisecondsOfAFrame(table) << " ms/frame\n";
     else
         std::cout << time / static_cast<double>(window.list.RowCount()) << " ns/row  "
-                  << residentBytes() / 1e6 << " MB\n";
+                  << megabytes("VmRSS:") - empty << " MB\n";
     return 0;
 }
 
@@ -115,12 +89,9 @@ int runProgram(const std::string& path, char* argv[]) {
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
-    const std::string path = argc > 1 ? argv[1] : "";
-    if (path == "plain")
-        return showPlainWindow();
-    if (argc < 7) {
-        std::cerr << "usage: window_paths PATH IN OUT DIALECT INPUT-FORMAT OUTPUT-FORMAT\n";
+    if (argc < 6) {
+        std::cerr << "usage: window_paths PATH IN OUT DIALECT FORMAT\n";
         return 2;
     }
-    return runProgram(path, argv);
+    return runProgram(argv[1], argv);
 }
