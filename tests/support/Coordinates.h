@@ -4,7 +4,7 @@
 
 namespace skyvert {
 
-/// What a RADecFormat does for one of the two coordinates.
+/// The operations of RADecFormat for one of the two coordinates.
 struct Coordinate {
     std::string_view name;
     std::vector<std::string> (*notations)();

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <new>
 
-// A file of its own: a compiler that sees through these operators takes their pair for a mistake.
+// A separate file: a compiler that inlines these operators warns of a mismatched pair.
 
 namespace {
 

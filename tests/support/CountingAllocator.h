@@ -2,5 +2,5 @@
 
 #include <cstddef>
 
-/// The number of allocations so far in a test program that CountingAllocator.cpp is part of.
+/// The number of allocations so far, in a test program that links CountingAllocator.cpp.
 std::size_t allocationCount();

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
+#include <charconv>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -15,7 +15,7 @@
 
 namespace skyvert {
 
-/// The text that a cell stands for; tests/data/README.md lists the escapes.
+/// The text of a cell without its escapes, which tests/data/README.md lists.
 inline std::string unescaped(const std::string& cell) {
     static const std::map<char, const char*> kEscapes{
         {'t', "\t"}, {'n', "\n"}, {'r', "\r"}, {'s', " "}, {'e', ""}};
@@ -38,7 +38,7 @@ inline std::string unescaped(const std::string& cell) {
     return text;
 }
 
-/// The rows of tests/data/`name`.tsv. Cells left out at the end of a row are empty.
+/// The rows of tests/data/`name`.tsv. Cells missing at the end of a row are empty.
 template <std::size_t Columns>
 std::vector<std::array<std::string, Columns>> table(const std::string& name) {
     std::ifstream file(SKYVERT_TEST_DATA "/" + name + ".tsv");
@@ -67,8 +67,13 @@ inline Date date(const std::string& cell) {
     return date;
 }
 
+/// The number in a cell; any other text fails the test.
 inline double number(const std::string& cell) {
-    return std::strtod(cell.c_str(), nullptr);
+    double value = 0.0;
+    const char* const begin = cell.data() + (cell.starts_with('+') ? 1 : 0);
+    const char* const end = cell.data() + cell.size();
+    EXPECT_TRUE(begin < end && std::from_chars(begin, end, value).ptr == end) << cell;
+    return value;
 }
 
 } // namespace skyvert

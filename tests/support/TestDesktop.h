@@ -12,14 +12,14 @@
 
 namespace skyvert {
 
-/// A clock that stands still.
+/// A stopped clock.
 struct FixedClock : Clock {
     Date now() const override { return moment; }
 
     Date moment{2026, 11, 16, 12, 30, 0};
 };
 
-/// An event loop whose time passes only in `advance`.
+/// A scheduler whose time passes only in `advance`.
 class VirtualScheduler : public Scheduler {
 public:
     std::unique_ptr<Alarm> after(std::chrono::milliseconds delay,
@@ -27,7 +27,7 @@ public:
         return std::make_unique<VirtualAlarm>(queue_, queue_.emplace(now_ + delay, std::move(due)));
     }
 
-    /// Lets time pass and runs what falls due, in the order in which it does.
+    /// Lets time pass and runs each alarm that falls due, in the order of time.
     void advance(std::chrono::milliseconds time) {
         const auto end = now_ + time;
         while (!queue_.empty() && queue_.begin()->first <= end) {
@@ -54,7 +54,7 @@ private:
     Queue queue_;
 };
 
-/// A user who answers file dialogs with `file` and lets every message be. Texts end with "|".
+/// A user who answers each file dialog with `file`. Logs dialogs and messages, each with "|" after.
 struct ScriptedDialogs : Dialogs {
     std::optional<std::filesystem::path> GetOpenFolderItem(const FileType& filter) override {
         asked.append("open ").append(filter.Name).append("|");
@@ -79,7 +79,7 @@ struct ScriptedDialogs : Dialogs {
     std::string messages;
 };
 
-/// Notes what it is told, each piece ended by "|", and stops work at a number of rows.
+/// Logs each report, with "|" after it, and stops the work at a number of rows.
 struct LoggedProgress : Progress {
     void begin(std::string_view what, StoppedBy by) override {
         log.append(what).append("|");
@@ -108,7 +108,7 @@ struct LoggedProgress : Progress {
     bool lacksMemory = false;
 };
 
-/// A machine made for a test: a stopped clock, a loop that is driven by hand, a scripted user.
+/// A desktop for a test: a stopped clock, virtual time, a scripted user.
 struct TestDesktop {
     explicit TestDesktop(Locale locale = {}) : locale(std::move(locale)) {}
 
@@ -120,7 +120,7 @@ struct TestDesktop {
     Desktop desktop{locale, clock, scheduler, dialogs, progress};
 };
 
-/// A folder of its own that goes with the object.
+/// A new folder that is removed with the object.
 class TemporaryFolder {
 public:
     TemporaryFolder() { std::filesystem::create_directories(path_); }

@@ -7,7 +7,7 @@
 
 namespace skyvert {
 
-/// The whole program without a screen, with a settings folder of its own.
+/// The whole program without a screen, with its own settings folder.
 class TestWindow {
 public:
     /// Starts the program, up to its event loop.
@@ -19,10 +19,10 @@ public:
         window->open();
     }
 
-    /// Lets the timers of the start run.
+    /// Runs the timers of the start.
     void settle() { machine.scheduler.advance(std::chrono::milliseconds(500)); }
 
-    /// Ends the program the orderly way.
+    /// Ends the program in order.
     void end() {
         window->close();
         app.Event_Close();
@@ -33,7 +33,7 @@ public:
         window->outFormat.setFormat(RADecFormat(output, machine.locale));
     }
 
-    /// The first cells of all rows: a cell ends with "|", a row with ";".
+    /// The first cells of all rows, with "|" after each cell and ";" after each row.
     std::string rows(std::int64_t columns = 4) const {
         std::string text;
         for (std::int64_t row = 0; row < window->list.RowCount(); ++row, text += ";")
@@ -55,7 +55,7 @@ public:
     std::optional<int> quitCode;
 };
 
-/// A test of the program after its start, in a folder that is its own.
+/// A test of the program after its start, in a new folder.
 struct WindowTest : testing::Test {
     WindowTest() { program.settle(); }
 
