@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 struct PreferencesTest : testing::Test {
     Preferences open() const { return {root_ / "config", "Skyvert", "Preferences.xml"}; }
 
-    /// A run that assigns one value; returns whether that counts as a change.
+    /// A run that assigns one value. Returns whether that counts as a change.
     bool store(const Variant& value) const {
         Preferences preferences = open();
         preferences.setValue("key", value);
@@ -47,7 +47,7 @@ TEST_F(PreferencesTest, OnlyADifferentValueCountsAsAChange) {
     }
 }
 
-TEST_F(PreferencesTest, AWholeCopyIsTheNewestAndWhatIsNoGoodCountsAsAbsent) {
+TEST_F(PreferencesTest, ACompleteCopyIsTheNewestAndADamagedOneCountsAsAbsent) {
     const auto document = [](const std::string& version, const std::string& value) {
         return "<xmldict version=\"" + version + "\"><key>key</key><string>" + value +
                "</string></xmldict>";
@@ -55,16 +55,12 @@ TEST_F(PreferencesTest, AWholeCopyIsTheNewestAndWhatIsNoGoodCountsAsAbsent) {
     const std::string old = document("1.1", "old"), whole = document("1.1", "copy");
     const std::string tooNew = document("1.2", "copy"), cut = whole.substr(0, whole.size() - 1);
 
-    const struct {
-        std::string file, copy;
-        std::string_view value;
-        std::string after;
-        bool stays;
-    } cases[] = {{"", cut, "default", "", false},        {cut, "", "default", cut, false},
-                 {tooNew, "", "default", tooNew, false}, {old, cut, "old", old, false},
-                 {old, tooNew, "old", old, true},        {old, whole, "copy", whole, false},
-                 {"", whole, "copy", whole, false}};
-
+    // The file, the copy, the value that is read, the file after that, and whether the copy stays.
+    const std::tuple<std::string, std::string, std::string, std::string, bool> cases[] = {
+        {"", cut, "default", "", false},        {cut, "", "default", cut, false},
+        {tooNew, "", "default", tooNew, false}, {old, cut, "old", old, false},
+        {old, tooNew, "old", old, true},        {old, whole, "copy", whole, false},
+        {"", whole, "copy", whole, false}};
     fs::create_directories(folder_);
     for (const auto& [file, copy, value, after, stays] : cases) {
         ASSERT_TRUE(writeWholeFile(file_, file) && writeWholeFile(copy_, copy));
@@ -77,7 +73,7 @@ TEST_F(PreferencesTest, AWholeCopyIsTheNewestAndWhatIsNoGoodCountsAsAbsent) {
     }
 }
 
-TEST_F(PreferencesTest, LinksAndPermissionsStayAndAFolderThatIsGoneIsMadeAgain) {
+TEST_F(PreferencesTest, LinksAndPermissionsStayAndAMissingFolderIsMadeAgain) {
     fs::create_directories(folder_);
     fs::create_symlink("../target", file_);
     store("new");
@@ -93,12 +89,12 @@ TEST_F(PreferencesTest, LinksAndPermissionsStayAndAFolderThatIsGoneIsMadeAgain) 
     EXPECT_EQ(stored(), "newest");
 }
 
-TEST_F(PreferencesTest, PlacesThatCannotBeUsedAreNoTrouble) {
+TEST_F(PreferencesTest, UnusablePathsAreHarmless) {
     const std::function<void()> cases[] = {
         [this] { fs::create_directories(file_ / "inside"); },
         [this] { fs::create_directories(folder_), fs::create_symlink("/dev/zero", file_); },
         [this] { fs::create_directories(folder_), mkfifo(file_.c_str(), 0600); },
-        [this] { writeWholeFile(folder_, "a file in the folder's place"); }};
+        [this] { writeWholeFile(folder_, "a file where the folder would be"); }};
     for (const auto& prepare : cases) {
         fs::remove_all(folder_);
         prepare();

@@ -1,8 +1,7 @@
 #include "settings/XMLDictionary.h"
 
 #include "platform/Files.h"
-#include "settings/Objects.h"
-#include "support/Table.h"
+#include "settings/Values.h"
 #include "support/TestDesktop.h"
 
 namespace skyvert::xml_dictionary_test {
@@ -23,10 +22,7 @@ std::shared_ptr<Collection> collection(std::initializer_list<Variant> items) {
     return made;
 }
 
-const auto block = std::make_shared<MemoryBlock, const char*>;
-
-/// What stands between the tags of the outermost dictionary, with its layout. The tree has the
-/// same.
+/// The written content of the outermost dictionary, which must be that of the tree as well.
 std::string body(const std::shared_ptr<Dictionary>& storage, bool plist = false) {
     const std::string text = ExportXMLString(storage, plist);
     EXPECT_TRUE(text.ends_with(ExportXML(storage, plist).ToString().substr(39)));
@@ -34,63 +30,35 @@ std::string body(const std::shared_ptr<Dictionary>& storage, bool plist = false)
     return text.substr(begin, text.rfind(plist ? "</dict>" : "</xmldict>") - begin);
 }
 
-TEST(XMLDictionaryWriter, EveryKindHasItsElementInEitherFlavour) {
-    const struct {
-        Variant value;
-        std::string xmldict;
-        std::string plist = xmldict;
-    } cases[] = {
-        {{}, "<null/>", "<false/>"},
-        {std::int32_t{-7}, "<integer>-7</integer>"},
-        {std::numeric_limits<std::int64_t>::min(), "<integer>-9223372036854775808</integer>"},
-        {0.1F, "<real>.100000001490116</real>"},
-        {0.0, "<real>.0</real>"},
-        {2.0, "<real>2.0</real>"},
-        {-1.25, "<real>-1.25</real>"},
-        {2.0 / 3.0, "<real>.666666666666667</real>"},
-        {1e22, "<real>10000000000000000000000.0</real>"},
-        {"", "<string/>"},
-        {true, "<true/>"},
-        {DateValue{2000, 2, 29, 12, 5, 9}, "<date>2000-02-29 12:05:09</date>"},
-        {"a\tb <&> \"'\r\n", "<string>a\tb &lt;&amp;&gt; \"'&#13;\n</string>"},
-        {"sixteen is plain\0\x1F|\u00E9|\xE9|\x80|\xEF\xBF\xBF|\xED\xA0\x80"s,
-         "<string>sixteen is "
-         "plain\uFFFD\uFFFD|\u00E9|\u00E9|\u20AC|\uFFFD|\u00ED\u00A0\u20AC</string>"},
-        {"plain for sixteen, but \xE9 in the rest",
-         "<string>plain for sixteen, but \u00E9 in the rest</string>"},
-        {Color{0x00FF8040}, "<color>#FF8040</color>", "<false/>"},
-        {Color{0xFFAB0012}, "<color>#FFAB0012</color>", "<false/>"},
-        {Color{}, "<color>#0</color>", "<false/>"},
-        {std::make_shared<Object>(), "<null/>", "<false/>"},
-        {std::make_shared<FolderItem>("/a"), "<file>\n\tL2E=\n\t</file>", "<false/>"},
-        {block(""), "<data>\n\t</data>"},
-        {block("\xFF\xFE"), "<data>\n\t//4=\n\t</data>"},
-        {block("The quick brown fox jumps over the la"),
-         "<data>\n\tVGhlIHF1aWNrIGJyb3duIGZveCBqdW1wcyBvdmVyIHRoZ\n\tSBsYQ==\n\t</data>"},
-        {dictionary({}), "<dict>\n\t</dict>"},
-        {collection({"a", collection({})}),
-         "<array>\n\t\t<string>a</string>\n\t\t<array>\n\t\t</array>\n\t</array>"},
-        {dictionary({{"k", block("abc")}}),
-         "<dict>\n\t\t<key>k</key>\n\t\t<data>\n\t\tYWJj\n\t\t</data>\n\t</dict>"}};
-
-    for (const auto& [value, xmldict, plist] : cases) {
-        const auto storage = dictionary({{"key", value}});
+TEST(XMLDictionaryWriter, EveryKindHasItsElementInBothFlavours) {
+    for (const auto& [cell, xmldict, plist] : table<3>("written_values")) {
+        const auto storage = dictionary({{"key", value(cell)}});
         EXPECT_EQ(body(storage), "\t<key>key</key>\n\t" + xmldict + "\n");
-        EXPECT_EQ(body(storage, true), "\t<key>key</key>\n\t" + plist + "\n");
+        const std::string& expected = plist.empty() ? xmldict : plist;
+        EXPECT_EQ(body(storage, true), "\t<key>key</key>\n\t" + expected + "\n");
     }
     EXPECT_EQ(body(dictionary({{{}, "a"}, {std::int32_t{12}, true}, {"<\x01>", false}})),
               "\t<string>a</string>\n\t<key>12</key>\n\t<true/>\n"
               "\t<key>&lt;\uFFFD&gt;</key>\n\t<false/>\n");
+    const auto nested = dictionary({{"e", dictionary({})},
+                                    {"l", collection({"a", collection({})})},
+                                    {"d", dictionary({{"k", value("Data:abc")}})}});
+    for (const bool plist : {false, true})
+        EXPECT_EQ(body(nested, plist), "\t<key>e</key>\n\t<dict>\n\t</dict>\n"
+                                       "\t<key>l</key>\n\t<array>\n\t\t<string>a</"
+                                       "string>\n\t\t<array>\n\t\t</array>\n\t</array>\n"
+                                       "\t<key>d</key>\n\t<dict>\n\t\t<key>k</"
+                                       "key>\n\t\t<data>\n\t\tYWJj\n\t\t</data>\n\t</dict>\n");
 }
 
-TEST(XMLDictionaryWriter, ANodeIsIndentedAndItsClosingTag) {
+TEST(XMLDictionaryWriter, ANodeAndItsClosingTagAreIndented) {
     XmlDocument document;
     IndentNode(document.node().append_child("a"), 2, true);
     IndentNode(document.DocumentElement().append_child("b"), 0, false);
     EXPECT_EQ(document.ToString().substr(39), "\n\t\t<a>\n\t\t\n<b/></a>");
 }
 
-TEST(XMLDictionaryWriter, AStorageIsWrittenOnceHoweverFarApartAndCyclesEnd) {
+TEST(XMLDictionaryWriter, AStorageIsWrittenOnlyOnceEvenInACycle) {
     const auto shared = collection({"x"});
     const auto cyclic = dictionary({{"a", shared}});
     std::string expected = "\t<key>a</key>\n\t<array>\n\t\t<string>x</string>\n\t</array>\n";
@@ -105,8 +73,8 @@ TEST(XMLDictionaryWriter, AStorageIsWrittenOnceHoweverFarApartAndCyclesEnd) {
     cyclic->setValue("self", {});
 }
 
-/// A value in one line: strings behind an apostrophe, doubles with an R, 64-bit integers with an I,
-/// dictionaries and lists in brackets.
+/// A value in one line: strings start with an apostrophe, doubles with R, 64-bit integers with I;
+/// dictionaries and lists stand in brackets.
 std::string shown(const Variant& value) {
     std::string text;
     for (std::size_t i = 0; i < StorageCount(value); ++i) {
@@ -121,7 +89,7 @@ std::string shown(const Variant& value) {
     return marks[value.type()] + value.stringValue();
 }
 
-/// What a document holds, or "refused"; a refused one must leave the dictionary alone.
+/// The content of a document, or "refused"; then the dictionary must be unchanged.
 std::string read(const std::string& document) {
     const auto storage = std::make_shared<Dictionary>();
     const bool loaded = LoadXML(storage, document);
@@ -138,18 +106,18 @@ std::string utf16(std::u16string_view text, bool bigEndian = false) {
     return bytes;
 }
 
-TEST(XMLDictionaryReader, ADocumentIsReadInItsEncodingByTheTableOfElementsOrChangesNothing) {
+TEST(XMLDictionaryReader, ADocumentIsReadInItsEncodingOrChangesNothing) {
     const std::u16string good = u"<d><key>\U0001F52D</key><true/></d>";
     const std::u16string declared = u"<?xml version='1.0' encoding='utf-16'?>" + good;
     auto documents = table<2>("xml_documents");
     for (const std::string& text :
          {utf16(good), utf16(good, true), utf16(good).substr(2), utf16(declared, true)})
         documents.push_back({text, "{\U0001F52D=true}"});
-    for (const std::string& text : {utf16(u"<d>\x01</d>"), utf16(u"<d/>x"), utf16(u"<d/>") + "\n",
-                                    utf16(u"<?xml version='1.0' encoding='ISO-8859-1'?><d/>"),
-                                    utf16(u"<d a='\xD83Dx'/>"), utf16(u"<d a='\xD83Dx'/>", true),
-                                    utf16(u"<d a='\xDD2Dx'/>"), utf16(u"<d a='\xDD2Dx'/>", true)})
-        documents.push_back({text, "refused"});
+    documents.push_back({utf16(u"<d/>") + "\n", "refused"});
+    for (const char16_t* text : {u"<d>\x01</d>", u"<d/>x", u"<d a='\xD83Dx'/>", u"<d a='\xDD2Dx'/>",
+                                 u"<?xml version='1.0' encoding='ISO-8859-1'?><d/>"})
+        for (const bool bigEndian : {false, true})
+            documents.push_back({utf16(text, bigEndian), "refused"});
     for (const auto& [document, value] : documents) {
         EXPECT_EQ(read(document), value) << document;
         const auto storage = dictionary({{"a", "kept"}});
@@ -157,7 +125,7 @@ TEST(XMLDictionaryReader, ADocumentIsReadInItsEncodingByTheTableOfElementsOrChan
     }
 }
 
-TEST(XMLDictionaryReader, WhatIsReadIsAddedToADictionaryThatHoldsSomething) {
+TEST(XMLDictionaryReader, EntriesAreAddedToADictionaryThatIsNotEmpty) {
     const std::string document =
         "<d><key>old</key><dict><key>b</key><true/></dict><key>a</key><null/></d>";
     XmlDocument tree;
@@ -183,7 +151,7 @@ TEST(XMLDictionary, AFileOfManyBlocksReadsBack) {
     EXPECT_EQ(StorageByKey(read, "k").string(), text);
 }
 
-TEST(XMLDictionary, DeepNestingIsReadToTheLimitAndWhatIsDeeperIsNeitherReadNorWritten) {
+TEST(XMLDictionary, NestingBeyondTheLimitIsNeitherReadNorWritten) {
     for (const auto& [arrays, fits] : {std::pair{249, true}, {250, false}, {100'000, false}}) {
         std::string document = "<d><key>k</key>";
         for (const char* tag : {"<array>", "</array>"})
@@ -201,7 +169,7 @@ TEST(XMLDictionary, DeepNestingIsReadToTheLimitAndWhatIsDeeperIsNeitherReadNorWr
     }
 }
 
-TEST(XMLDictionary, WhatIsWrittenIsExactToTheByteAndReadsBack) {
+TEST(XMLDictionary, DocumentsAreExactToTheByteAndReadBack) {
     const std::string settings = readWholeFile(SKYVERT_TEST_DATA "/settings.xml").value();
     EXPECT_EQ(ExportXMLString(dictionary({}), true),
               readWholeFile(SKYVERT_TEST_DATA "/empty.plist"));
