@@ -7,7 +7,7 @@
 
 namespace skyvert::controls_test {
 
-/// A view that notes what it is asked for, and the text that it would show.
+/// A view that logs each request, with the text that it would show.
 struct LoggingView : ControlView {
     explicit LoggingView(TextField& field) : field(field) { field.setView(this); }
 
@@ -19,7 +19,7 @@ struct LoggingView : ControlView {
     std::string log;
 };
 
-TEST(Controls, AnAssignmentStoresThenShowsThenRunsTheEvent) {
+TEST(Controls, AnAssignmentStoresThenRefreshesThenRunsTheEvent) {
     TextField field(Place{{.name = "field", .text = "old"}});
     LoggingView view(field);
     field.TextChange = [&](TextField& sender) {
@@ -35,7 +35,7 @@ TEST(Controls, AnAssignmentStoresThenShowsThenRunsTheEvent) {
     EXPECT_EQ(view.log, "view old|view 1|event 1|view +|event +|focus|event 2|");
 }
 
-TEST(Controls, EventsRunOnlyForAChange) {
+TEST(Controls, OnlyAChangeRunsAnEvent) {
     std::string events;
     CheckBox box(Place{{.name = "box"}});
     box.Action = [&](CheckBox& sender) { events += sender.value() ? "on " : "off "; };
@@ -64,7 +64,7 @@ TEST(Controls, EventsRunOnlyForAChange) {
     EXPECT_EQ(events, "on off 2000-01-02 0 -1");
 }
 
-TEST(Timer, FiresOnceAndMayBeArmedInItsAction) {
+TEST(Timer, FiresOnceAndCanBeRearmedInItsAction) {
     using namespace std::chrono_literals;
     VirtualScheduler scheduler;
     int fired = 0;
@@ -81,7 +81,7 @@ TEST(Timer, FiresOnceAndMayBeArmedInItsAction) {
     }
 }
 
-/// Fills a list to `count` rows of two cells: the row's number and its square.
+/// Fills a list up to `count` rows of two cells, the row's number and its square.
 void fill(Listbox& list, std::int64_t count) {
     for (std::int64_t row = list.RowCount(); row < count; ++row) {
         const std::string cells[] = {std::to_string(row), std::to_string(row * row)};
@@ -89,7 +89,7 @@ void fill(Listbox& list, std::int64_t count) {
     }
 }
 
-TEST(Listbox, KeepsItsCellsAsTheyWereAdded) {
+TEST(Listbox, KeepsCellsAsAdded) {
     Listbox list(Place{{.name = "list"}});
     list.setColumns({"n", "n2"});
     fill(list, 5000);
@@ -106,7 +106,7 @@ TEST(Listbox, KeepsItsCellsAsTheyWereAdded) {
     EXPECT_EQ(list.LastIndex(), -1);
 }
 
-TEST(Listbox, SelectsRowsOneByOneOrInRanges) {
+TEST(Listbox, SelectsSingleRowsAndRanges) {
     Listbox list(Place{{.name = "list"}});
     list.setColumns({"n", "n2"});
     fill(list, 10);

@@ -5,8 +5,8 @@
 
 namespace skyvert::entry_mask_test {
 
-/// One change to a text in which "|" is the caret, or "[" and "]" enclose the selection; "<" is
-/// Backspace and ">" is Delete. Returned: the text with its caret, or "refused".
+/// Applies one change to a text in which "|" marks the caret or "[" and "]" enclose the selection;
+/// "<" is Backspace and ">" is Delete. Returns the text with its caret, or "refused".
 std::string changed(const EntryMask& mask, std::string shown, std::string_view insertion) {
     const auto take = [&](char mark, std::size_t otherwise) {
         const std::size_t byte = shown.find(mark);
@@ -27,7 +27,7 @@ std::string changed(const EntryMask& mask, std::string shown, std::string_view i
     return entry->text.insert(Left(entry->text, entry->caret).size(), "|");
 }
 
-TEST(EntryMask, OneChangeIsCompletedOrRefusedWhole) {
+TEST(EntryMask, EachChangeIsCompletedOrRefusedAsAWhole) {
     for (const auto& [mask, before, insertion, after] : table<4>("entry_mask"))
         EXPECT_EQ(changed({mask, "."}, before, insertion), after)
             << mask << ": " << before << " <- " << insertion;

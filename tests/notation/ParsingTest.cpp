@@ -9,7 +9,7 @@ namespace skyvert::parsing_test {
 
 const Locale kComma{",", "."};
 
-TEST(Parsing, GivesEachTextItsValueAndItsError) {
+TEST(Parsing, GivesTheValueAndTheErrorOfEachText) {
     for (const auto& [coordinate, localised, notation, text, value, error] : table<6>("parsing")) {
         RADecFormat format(notation + "\t" + notation + "\t" + localised, kComma);
         std::string_view reported = "left over";
@@ -22,7 +22,7 @@ TEST(Parsing, GivesEachTextItsValueAndItsError) {
         EXPECT_TRUE(std::signbit(RADecFormat(kComma).ImportDec(zero, error)) && error.empty());
 }
 
-TEST(LookAlikes, AreReadAsTheCharactersOfANotation) {
+TEST(LookAlikes, AreReplacedByCharactersOfTheNotations) {
     std::string storage;
     for (const auto& [text, folded] : table<2>("folded_texts"))
         EXPECT_EQ(foldLookAlikes(text, storage), folded);
@@ -30,7 +30,7 @@ TEST(LookAlikes, AreReadAsTheCharactersOfANotation) {
     EXPECT_EQ(foldLookAlikes(ascii, storage).data(), ascii.data());
 }
 
-TEST(LookAlikes, AreTheFamiliesOfUnicodeAndNothingElse) {
+TEST(LookAlikes, AreExactlyTheListedRangesOfUnicode) {
     unsigned long next = 0x80;
     std::string storage;
     const auto expectAll = [&](unsigned long end, const std::string* meant) {

@@ -19,9 +19,9 @@ TEST(Date, CountsSecondsAndDaysOfTheYearByTheProlepticGregorianCalendar) {
     EXPECT_EQ(Date(2023, 13, 32).TotalSeconds(), Date(2024, 2, 1).TotalSeconds());
 }
 
-TEST(Date, SQLDateTakesRealDaysOnlyAndKeepsTheClockTime) {
+TEST(Date, SQLDateAcceptsOnlyRealDaysAndKeepsTheTimeOfDay) {
     Date date(-12, 2, 31, 11, 22, 33);
-    EXPECT_EQ(date.SQLDate(), "-0012-02-31") << "fields stay as they are given";
+    EXPECT_EQ(date.SQLDate(), "-0012-02-31") << "fields are stored as given";
     for (const auto& [text] : table<1>("refused_dates"))
         EXPECT_THROW(date.setSQLDate(text), std::invalid_argument) << text;
     EXPECT_EQ(date, Date(-12, 2, 31, 11, 22, 33));
@@ -30,7 +30,7 @@ TEST(Date, SQLDateTakesRealDaysOnlyAndKeepsTheClockTime) {
     EXPECT_EQ(date, Date(2000, 2, 29, 11, 22, 33));
 }
 
-TEST(Date, WhatIsTypedIsADayOfTheCalendarOrNothing) {
+TEST(Date, TypedTextIsACalendarDayOrNothing) {
     for (const auto& [typed, day] : table<2>("typed_dates")) {
         const auto date = Date::fromTyped(typed);
         EXPECT_EQ(date ? date->SQLDate() : "none", day) << typed;
@@ -38,7 +38,7 @@ TEST(Date, WhatIsTypedIsADayOfTheCalendarOrNothing) {
 }
 
 #ifndef _WIN32
-TEST(SystemClock, TellsTheTimeOfItsTimeZone) {
+TEST(SystemClock, GivesTheTimeInTheLocalTimeZone) {
     for (const auto& [zone, hours] : {std::pair{"UTC+12", -12}, {"UTC-14", 14}}) {
         setenv("TZ", zone, 1);
         tzset();

@@ -14,7 +14,7 @@ using namespace std::string_literals;
 namespace fs = std::filesystem;
 
 struct TextFiles : testing::Test {
-    /// The lines that a file of these bytes is read as, each ended by "|".
+    /// Writes a file of these bytes and reads it. Returns its lines, each followed by "|".
     std::string linesOf(const std::string& bytes) const {
         EXPECT_TRUE(writeWholeFile(list, bytes));
         EXPECT_EQ(readWholeFile(list), bytes);
@@ -29,13 +29,13 @@ struct TextFiles : testing::Test {
     const fs::path list = folder / "list.txt";
 };
 
-TEST_F(TextFiles, AreReadWithEveryLineEndAndEncoding) {
+TEST_F(TextFiles, AreReadWithAnyLineEndAndEncoding) {
     for (const auto& [bytes, lines] : table<2>("text_files"))
         EXPECT_EQ(linesOf(bytes), lines) << testing::PrintToString(bytes);
 }
 
-TEST_F(TextFiles, AreReadAcrossTheEdgesOfTheBuffer) {
-    // Lines of every length, and one that goes on beyond what is read of a line.
+TEST_F(TextFiles, AreReadAcrossBufferBoundaries) {
+    // Lines of every length, then one that exceeds the limit for a line.
     std::string bytes;
     std::string lines;
     for (std::size_t length = 0; length < 1500; ++length) {
@@ -52,7 +52,7 @@ TEST_F(TextFiles, AreReadAcrossTheEdgesOfTheBuffer) {
     for (const char unit : most + more + "\nz")
         wide.append({unit, '\0'});
     EXPECT_TRUE(linesOf(wide) == most + "|z|");
-    // A line end that a buffer of any usual size cuts in two.
+    // A line end split between two buffers, for any usual buffer size.
     for (std::size_t size = 4096; size <= 1'048'576; size *= 2)
         EXPECT_TRUE(linesOf(std::string(size - 1, 'x') + "\r\ny").ends_with("x|y|")) << size;
 }
@@ -61,12 +61,12 @@ TEST_F(TextFiles, AreReplacedOnlyWhenClosed) {
     constexpr auto kPermissions = fs::perms::owner_read | fs::perms::owner_write;
     ASSERT_TRUE(writeWholeFile(list, "old"));
     fs::permissions(list, kPermissions);
-    ASSERT_TRUE(writeWholeFile(folder / ".skyvert-0.tmp", "of a program that died"));
+    ASSERT_TRUE(writeWholeFile(folder / ".skyvert-0.tmp", "left by a killed program"));
     fs::create_symlink("list.txt", folder / "link.txt");
     { TextOutputStream::Create(list).WriteLine("lost"); }
     EXPECT_EQ(readWholeFile(list), "old");
     TextOutputStream stream = TextOutputStream::Create(folder / "link.txt");
-    { TextOutputStream::Create(list).WriteLine("lost, and the other one is left alone"); }
+    { TextOutputStream::Create(list).WriteLine("lost, without harm to the other"); }
     stream.WriteLine("a\tb");
     stream.WriteLine("");
     EXPECT_EQ(readWholeFile(list), "old");
@@ -77,13 +77,9 @@ TEST_F(TextFiles, AreReplacedOnlyWhenClosed) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
 }
 
-TEST_F(TextFiles, RefusalsNameTheFileAndTheReason) {
+TEST_F(TextFiles, ErrorsNameTheFileAndTheReason) {
     const auto read = [](const fs::path& file) { TextInputStream::Open(file).endOfFile(); };
-    const auto write = [](const fs::path& file) {
-        TextOutputStream stream = TextOutputStream::Create(file);
-        stream.WriteLine("1");
-        stream.Close();
-    };
+    const auto write = [](const fs::path& file) { TextOutputStream::Create(file).Close(); };
     const auto refusal = [](auto attempt, const fs::path& file) -> std::string {
         try {
             attempt(file);

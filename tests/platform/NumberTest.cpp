@@ -8,7 +8,7 @@ namespace skyvert::number_test {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-TEST(Number, ValReadsTheNumberThatATextOpensWith) {
+TEST(Number, ValReadsTheNumberAtTheStartOfAText) {
     for (const auto& [text, value] : table<2>("val"))
         EXPECT_EQ(Val(text), number(value)) << text;
     EXPECT_EQ(Val(std::string(400, '9')), kInfinity);
@@ -18,7 +18,7 @@ TEST(Number, ValReadsTheNumberThatATextOpensWith) {
     EXPECT_TRUE(std::signbit(Val("-0")));
 }
 
-TEST(Number, CDblSkipsGroupingOnlyWhereTheLocalePutsIt) {
+TEST(Number, CDblSkipsGroupSeparatorsOnlyWhereTheLocalePutsThem) {
     for (const auto& [decimalPoint, groupSeparator, text, value] : table<4>("cdbl"))
         EXPECT_EQ(CDbl(text, {decimalPoint, groupSeparator}), number(value)) << text;
 }
