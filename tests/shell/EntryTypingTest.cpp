@@ -12,8 +12,8 @@ bool isSeparator(char c) {
     return (c < '0' || c > '9') && c != '+' && c != '-';
 }
 
-/// Whether a rendered text can be typed with and without its separators, be pasted, and have each
-/// digit and the sign deleted and typed again.
+/// Checks that a rendered text can be typed with and without its separators and can be pasted, and
+/// that each digit and the sign can be deleted and typed again.
 void expectTypable(const EntryMask& mask, const std::string& rendered) {
     const std::string shape = rendered.substr(0, rendered.find_last_not_of("ms'\"") + 1);
     std::string digits = rendered;

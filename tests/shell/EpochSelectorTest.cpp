@@ -17,7 +17,7 @@ struct EpochSelectorTest : testing::Test {
 
     FixedClock clock;
     EpochSelector selector{{{.name = "fromEpoch"}}, clock, {",", "."}};
-    std::string heard; ///< every day that the owner was told, ended by a blank
+    std::string heard; ///< every day reported to the owner, with a blank after it
 };
 
 TEST_F(EpochSelectorTest, RestoresASelection) {
@@ -55,7 +55,7 @@ TEST_F(EpochSelectorTest, SelectsTheRowOfAnAssignedDayWithoutAnEvent) {
     EXPECT_EQ(heard, "");
     selector.setSerialised(R"({"epochPopup":5,"epochDate":"2026-11-16"})");
     selector.setEpoch(Date(2026, 11, 16, 1, 2, 3));
-    EXPECT_EQ(row(), "Other") << "the row stays on the same day";
+    EXPECT_EQ(row(), "Other") << "an equal day does not move the row";
     EXPECT_EQ(selector.epoch(), clock.moment);
 }
 
@@ -66,17 +66,18 @@ TEST_F(EpochSelectorTest, FollowsTheUser) {
     EXPECT_EQ(selector.epochPopup.helpTag(), "1987,2");
     selector.epochPopup.setValue("JNow");
     clock.moment = Date(2027, 1, 1);
-    EXPECT_EQ(selector.epoch()->SQLDate(), "2026-11-16") << "it is no running clock";
+    EXPECT_EQ(selector.epoch()->SQLDate(), "2026-11-16")
+        << "the day of the choice, not a running clock";
     EXPECT_FALSE(selector.epochDate.visible() || selector.dateLabel.visible());
     selector.epochPopup.setValue("Other");
     selector.epochDate.setDateValue(Date(2000, 1, 1));
-    EXPECT_EQ(selector.epochPopup.helpTag(), "") << "the date decides, not the row";
+    EXPECT_EQ(selector.epochPopup.helpTag(), "") << "by the date, not the row";
     selector.epochPopup.setListIndex(-1);
     selector.epochDate.setDateValue(Date(2000, 1, 1, 5));
     EXPECT_EQ(heard, "2000-01-01 1987-03-15 2026-11-16 1987-03-15 2000-01-01 ");
 }
 
-TEST_F(EpochSelectorTest, IsAYearWithAFractionAndTakesOneCountingFebruaryAs28Days) {
+TEST_F(EpochSelectorTest, ConvertsToAndFromAFractionalYearCountingFebruaryAs28Days) {
     for (const auto& [epoch, year] : table<2>("years_of_epochs")) {
         selector.setEpoch(date(epoch));
         EXPECT_NEAR(selector.epochYear(), number(year), 5e-9);

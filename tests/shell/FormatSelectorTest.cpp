@@ -11,10 +11,10 @@ struct FormatSelectorTest : testing::Test {
         locale.decimalPoint = decimalPoint;
         selector.Open = [this, stored] { selector.setFormat(RADecFormat(stored, locale)); };
         selector.FormatChanged = [this](FormatSelector&, const RADecFormat& format) {
-            told += format.AsString() + " / " + selector.exampleRA.text() + "\n";
+            reported += format.AsString() + " / " + selector.exampleRA.text() + "\n";
         };
         selector.open();
-        told.clear();
+        reported.clear();
     }
 
     std::string shown() const {
@@ -24,10 +24,10 @@ struct FormatSelectorTest : testing::Test {
 
     Locale locale;
     FormatSelector selector{{{.name = "inFormat", .text = "Input Format"}}, locale};
-    std::string told;
+    std::string reported;
 };
 
-TEST_F(FormatSelectorTest, OpensWithItsStoredFormatAndOffersNoDecimalPointToChoose) {
+TEST_F(FormatSelectorTest, OpensWithItsStoredFormatAndDisablesTheDecimalPointBox) {
     open(".", "HH:MM:SS\t+DD:MM:SS\tY\t2\t1");
     EXPECT_EQ(shown(), "HH:MM:SS\t+DD:MM:SS\tN\t2\t1 / 15:47:06.36 / +22:40:30.4");
     EXPECT_EQ(selector.title(), "Input Format");
@@ -41,19 +41,19 @@ TEST_F(FormatSelectorTest, OpensWithItsStoredFormatAndOffersNoDecimalPointToChoo
               "Not applicable for this locality (your decimal point is a period).");
 }
 
-TEST_F(FormatSelectorTest, TellsOfEachChangeOnceAndBeforeTheExamplesFollow) {
+TEST_F(FormatSelectorTest, ReportsEachChangeOnceBeforeTheExamplesFollow) {
     open(".", "HH MM\t+DD MM\tN\t0\t0");
     selector.RAFormat.setValue("HH");
     selector.raDecimals.setListIndex(2);
     selector.DecFormat.setListIndex(-1);
     selector.decDecimals.setListIndex(-1);
-    EXPECT_EQ(told, "HH\t+DD MM\tN\t0\t0 / 15 47\nHH\t+DD MM\tN\t2\t0 / 16\n"
-                    "HH\t\tN\t2\t0 / 15.79\nHH\t\tN\t2\t0 / 15.79\n");
+    EXPECT_EQ(reported, "HH\t+DD MM\tN\t0\t0 / 15 47\nHH\t+DD MM\tN\t2\t0 / 16\n"
+                        "HH\t\tN\t2\t0 / 15.79\nHH\t\tN\t2\t0 / 15.79\n");
     EXPECT_EQ(selector.exampleDec.text(), "Unknown format!");
-    told.clear();
+    reported.clear();
     selector.setFormat(RADecFormat("DDD\tDD\tN\t9\t3", locale));
     EXPECT_EQ(shown(), "DDD\tDD\tN\t0\t3 / 237 / 22.675");
-    EXPECT_EQ(told, "");
+    EXPECT_EQ(reported, "");
 }
 
 } // namespace skyvert::format_selector_test
