@@ -22,7 +22,7 @@ TEST_F(ConversionTest, ARowHoldsThePositionInBothNotationsAndIsSelected) {
     EXPECT_EQ(main.list.selection(), (std::vector<RowRange>{{3, 3}}));
 }
 
-TEST_F(ConversionTest, ASelectorReachesHeadingsAndLaterRowsOnly) {
+TEST_F(ConversionTest, ASelectorAffectsHeadingsAndLaterRowsOnly) {
     program.setFormats(kColons, "HH:MM:SS\t+DD:MM:SS\tN\t0\t0");
     main.ConvertCoordinates("12:30", "-0:30");
     const std::string before = program.rows();
@@ -39,9 +39,6 @@ TEST_F(ConversionTest, ASelectorReachesHeadingsAndLaterRowsOnly) {
               "Input RA (1900.0)|Input Dec (1900.0)|Output RA (1987.2)|Output Dec (1987.2)|");
     main.ClearListButton.press();
     EXPECT_FALSE(main.ClearListButton.enabled());
-    const TestWindow german(folder, {.decimalPoint = ",", .groupSeparator = "."});
-    EXPECT_EQ(german.headings(),
-              "Input RA (2000,0)|Input Dec (2000,0)|Output RA (2000,0)|Output Dec (2000,0)|");
 }
 
 TEST_F(ConversionTest, MasksAndCuesFollowTheNotationTenMillisecondsLater) {

@@ -4,7 +4,7 @@
 namespace skyvert::manual_entry_test {
 
 struct ManualEntryTest : WindowTest {
-    /// What the fields and the button show of the parsers' verdict.
+    /// The parsers' verdict as the fields and the button show it.
     std::string verdict() const {
         std::string text;
         for (const TextField* field : {&main.raManual, &main.decManual}) {
@@ -16,7 +16,7 @@ struct ManualEntryTest : WindowTest {
     }
 };
 
-TEST_F(ManualEntryTest, EveryKeystrokeHasItsVerdict) {
+TEST_F(ManualEntryTest, EveryKeystrokeIsJudged) {
     EXPECT_EQ(verdict(), "-red-No data!|-red-No data!|off");
     program.setFormats("HH MM SS\t+DD MM SS\tN\t1\t0", "HH\tDD\tN\t0\t0");
     program.settle();
@@ -28,12 +28,12 @@ TEST_F(ManualEntryTest, EveryKeystrokeHasItsVerdict) {
     }
     main.inFormat.RAFormat.setValue("HHMM");
     program.settle();
-    EXPECT_EQ(verdict(), "12 30-black-|-12 30-black-|on") << "stands until the next keystroke";
+    EXPECT_EQ(verdict(), "12 30-black-|-12 30-black-|on") << "stays until the next keystroke";
     main.raManual.setText("12 60");
     EXPECT_TRUE(verdict().ends_with("on"));
 }
 
-TEST_F(ManualEntryTest, AFirstCharacterThatIsNoSignBecomesOneUnderASignedMask) {
+TEST_F(ManualEntryTest, AFirstCharacterThatIsNotASignBecomesOneUnderASignedMask) {
     std::string events;
     main.decManual.TextChange = [&, handler = main.decManual.TextChange](TextField& field) {
         events += "<" + field.text();

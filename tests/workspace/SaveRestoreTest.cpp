@@ -7,7 +7,7 @@ namespace skyvert::save_restore_test {
 struct SaveRestoreTest : testing::Test {
     std::string stored() const { return readWholeFile(file).value_or("no file"); }
 
-    /// Changes one text of the settings file by hand.
+    /// Replaces one text in the settings file.
     void edit(const std::string& from, const std::string& to) const {
         std::string text = stored();
         const std::size_t at = text.find(from);
@@ -15,7 +15,7 @@ struct SaveRestoreTest : testing::Test {
         writeWholeFile(file, text.replace(at, from.size(), to));
     }
 
-    /// One run of the program from its start to its end.
+    /// Runs the program from start to end.
     void run(const std::function<void(TestWindow&, MainWindow&)>& use) const {
         TestWindow program(folder);
         program.settle();
@@ -38,7 +38,7 @@ struct SaveRestoreTest : testing::Test {
 const std::string kTwice =
     R"({"epochPopup":2,"epochDate":"2026-11-16"}{"epochPopup":2,"epochDate":"2026-11-16"})";
 
-/// Everything that outlives a run.
+/// All that a run stores.
 std::string state(const TestWindow& program, const MainWindow& main) {
     std::string text;
     for (const int length : {main.left(), main.top(), main.height()})
@@ -67,7 +67,7 @@ TEST_F(SaveRestoreTest, AFirstStartHasTheDefaultsAndStoresThemAll) {
                     "MWin.Left MWin.Top MWin.Height nContents ");
 }
 
-TEST_F(SaveRestoreTest, EverythingComesBackAndOutputsAreWorkedOutAfresh) {
+TEST_F(SaveRestoreTest, EverythingIsRestoredAndOutputsAreComputedAgain) {
     run([](TestWindow& program, MainWindow& main) {
         main.setLeft(-50);
         main.setTop(7);
@@ -94,7 +94,7 @@ TEST_F(SaveRestoreTest, EverythingComesBackAndOutputsAreWorkedOutAfresh) {
     });
 }
 
-TEST_F(SaveRestoreTest, TheListComesHalfASecondAfterTheStart) {
+TEST_F(SaveRestoreTest, TheListIsRestoredHalfASecondAfterTheStart) {
     using namespace std::chrono_literals;
     runWithRows({"1"});
     TestWindow program(folder);
@@ -107,7 +107,7 @@ TEST_F(SaveRestoreTest, TheListComesHalfASecondAfterTheStart) {
     EXPECT_EQ(program.rows(1), "01 00.0|;");
 }
 
-TEST_F(SaveRestoreTest, AWindowClosedBeforeItsRowsCameBackKeepsThemAndTheFile) {
+TEST_F(SaveRestoreTest, AWindowClosedBeforeItsRowsAreRestoredKeepsThemAndTheFile) {
     runWithRows({"1", "2"});
     const std::string text = stored();
     const auto longAgo = std::filesystem::last_write_time(file) - std::chrono::hours(24);
@@ -117,20 +117,20 @@ TEST_F(SaveRestoreTest, AWindowClosedBeforeItsRowsCameBackKeepsThemAndTheFile) {
     EXPECT_EQ(std::filesystem::last_write_time(file), longAgo);
 }
 
-TEST_F(SaveRestoreTest, AFailingCloseHandlerKeepsNoOtherFromSaving) {
+TEST_F(SaveRestoreTest, AFailingCloseHandlerDoesNotKeepOthersFromSaving) {
     runWithRows({"1"});
     TestWindow program(folder);
     program.settle();
     program.window->ConvertCoordinates("2", "2");
     program.window->fromEpoch.Close = [] { throw std::runtime_error("no"); };
-    program.window->toEpoch.Close = [] { throw std::logic_error("only the first is told"); };
+    program.window->toEpoch.Close = [] { throw std::logic_error("only the first is reported"); };
     EXPECT_THROW(program.window->close(), std::runtime_error);
     program.app.Event_Close();
     EXPECT_EQ(program.quitCode, 0);
     EXPECT_NE(stored().find("<integer>2</integer>"), std::string::npos);
 }
 
-TEST_F(SaveRestoreTest, RowsOfAnEarlierLongerListStayInTheStoreUnread) {
+TEST_F(SaveRestoreTest, RowsOfAnEarlierLongerListStayStoredButUnread) {
     runWithRows({"1", "2"});
     runWithRows({"3"});
     EXPECT_NE(stored().find("<key>Contents.RA.1</key>\n\t<string>02 00.0</string>"),
@@ -140,7 +140,7 @@ TEST_F(SaveRestoreTest, RowsOfAnEarlierLongerListStayInTheStoreUnread) {
     run([](TestWindow& program, MainWindow&) { EXPECT_EQ(program.rows(1), ""); });
 }
 
-TEST_F(SaveRestoreTest, WhatIsDamagedGivesDefaultsWithoutAWord) {
+TEST_F(SaveRestoreTest, DamagedSettingsGiveDefaultsWithoutAMessage) {
     runWithRows({"1"});
     for (const auto& [from, to] : table<2>("damaged_settings"))
         edit(from, to);
@@ -153,7 +153,7 @@ TEST_F(SaveRestoreTest, WhatIsDamagedGivesDefaultsWithoutAWord) {
     });
 }
 
-TEST_F(SaveRestoreTest, TheNumberOfRowsIsBoundedByWhatIsStored) {
+TEST_F(SaveRestoreTest, TheStoredNumberOfRowsIsBoundedByTheFile) {
     runWithRows({"1", "2"});
     for (const auto& [stored, restored] : {std::pair("900", 900), {"99999999", 2}, {"-1", 0}}) {
         edit("<integer>2<", std::string("<integer>") + stored + "<");
@@ -164,7 +164,7 @@ TEST_F(SaveRestoreTest, TheNumberOfRowsIsBoundedByWhatIsStored) {
     }
 }
 
-TEST_F(SaveRestoreTest, RowsThatHaveNotAllComeBackStayStored) {
+TEST_F(SaveRestoreTest, RowsStayStoredUnlessAllAreRestored) {
     run([](TestWindow&, MainWindow& main) {
         for (int row = 0; row < 5000; ++row)
             main.ConvertCoordinates("1", "1");
