@@ -21,7 +21,7 @@ struct DialogsTest : testing::Test {
                            toQString(folder.path().string()));
     }
 
-    /// Does something with the next dialog, once it is open.
+    /// Acts on the next dialog, once it is open.
     template <typename Dialog>
     static void next(std::function<void(Dialog&)> act) {
         QTimer::singleShot(
@@ -32,7 +32,7 @@ struct DialogsTest : testing::Test {
     QtDialogs dialogs;
 };
 
-TEST_F(DialogsTest, TheProposedNameOutlivesTheChoiceOfATypeAndASuffixIsAddedOnlyWhereNoneIsTyped) {
+TEST_F(DialogsTest, AChosenTypeKeepsTheProposedNameAndAMissingSuffixIsAdded) {
     dialogs.StartIn(folder.path());
     for (const auto& [typed, saved] :
          {std::pair("list.txt", "list.txt"), {"M31", "M31.txt"}, {"M31.tsv", "M31.tsv"}}) {
@@ -54,7 +54,7 @@ TEST_F(DialogsTest, TheProposedNameOutlivesTheChoiceOfATypeAndASuffixIsAddedOnly
     }
 }
 
-TEST_F(DialogsTest, DialogsStartWhereTheLastOneSucceeded) {
+TEST_F(DialogsTest, DialogsStartInTheFolderOfTheLastSuccess) {
     const auto startOf = [&](const QString& visited) {
         QString start;
         next<QFileDialog>([&](QFileDialog& dialog) {

@@ -13,7 +13,7 @@ namespace skyvert::ending_test {
 
 using namespace std::chrono_literals;
 
-TEST(Ending, QuitAndClosingRunTheCloseHandlersOnce) {
+TEST(Ending, QuittingAndClosingRunTheCloseHandlersOnce) {
     ShownWindow shown;
     std::vector<int> codes;
     shown.app.onQuit = [&](int code) { codes.push_back(code); };
@@ -32,9 +32,10 @@ TEST(Ending, QuitAndClosingRunTheCloseHandlersOnce) {
 }
 
 #ifdef Q_OS_UNIX
-using Open = void (*)(ShownWindow& shown); ///< what it opens has a loop, the mouse or the keyboard
+using Open =
+    void (*)(ShownWindow& shown); ///< opens something with its own event loop or input grab
 
-TEST(Ending, ASignalEndsInOrderWhateverIsOpen) {
+TEST(Ending, ASignalEndsTheProgramInOrderWhateverIsOpen) {
     const std::pair<const char*, Open> things[] = {
         {"nothing", [](ShownWindow&) {}},
         {"a message", [](ShownWindow&) { QtDialogs().MsgBox("<b>"); }},
@@ -62,7 +63,7 @@ TEST(Ending, ASignalEndsInOrderWhateverIsOpen) {
 }
 #endif
 
-TEST(QtTimers, AnAlarmRingsOnceUnlessItIsCalledOffAndMayGoWhileItRings) {
+TEST(QtTimers, AnAlarmRingsOnceUnlessItIsDestroyedAlsoWhileItRings) {
     ScriptedDialogs dialogs;
     const LoggedProgress idle;
     QtScheduler scheduler(dialogs, idle);

@@ -9,7 +9,7 @@
 
 namespace skyvert::layout_test {
 
-TEST(Layout, NothingIsCutOffOrCoveredAndTheLettersStayWhereTheWindowFitsTheScreen) {
+TEST(Layout, NothingIsCutOffOrCoveredAndTheFontStaysWhereTheWindowFits) {
     const QFont usual = QApplication::font();
     for (const auto& [points, left, top, across, down, letters, window] : table<7>("fonts")) {
         const QRect screen(std::stoi(left), std::stoi(top), std::stoi(across), std::stoi(down));
@@ -50,7 +50,7 @@ TEST(Layout, NothingIsCutOffOrCoveredAndTheLettersStayWhereTheWindowFitsTheScree
     QApplication::setFont(usual);
 }
 
-TEST(Layout, ATallerWindowStretchesTheListAndMovesWhatStandsBelow) {
+TEST(Layout, ATallerWindowStretchesTheListAndMovesWhatIsBelow) {
     OpenWindow shown;
     const int menuBar = shown.view.menuBar()->height();
     EXPECT_EQ(shown.view.size(), QSize(893, 550 + menuBar));
@@ -65,7 +65,7 @@ TEST(Layout, ATallerWindowStretchesTheListAndMovesWhatStandsBelow) {
     EXPECT_EQ(shown.find("list")->height(), 172);
 }
 
-TEST(Layout, TheFocusGoesThroughTheControlsInTheirOrderAndEachHasAName) {
+TEST(Layout, TabVisitsTheControlsInOrderAndEachHasAName) {
     OpenWindow shown;
     shown.addRows(2);
     shown.window.ClearListButton.setEnabled(true);
@@ -87,7 +87,7 @@ TEST(Layout, TheFocusGoesThroughTheControlsInTheirOrderAndEachHasAName) {
     EXPECT_EQ(shown.find("toEpoch/epochDate")->accessibleName(), "Output Epoch: Date");
 }
 
-TEST(Layout, AFirstStartStandsInTheCentreAndALaterOneWhereTheLastEnded) {
+TEST(Layout, AFirstStartIsCentredAndALaterOneRestoresThePlace) {
     ShownWindow first;
     first.open();
     EXPECT_NEAR(first.window.left() + 893 / 2, 640, 1);

@@ -33,14 +33,14 @@ TEST(ListView, ManyRowsAreShownByOneInsertionAndOneSelection) {
         table.visualRect(table.model()->index(99999, 0)).center()));
 
     shown.window.list.DeleteAllRows();
-    EXPECT_EQ(table.model()->rowCount(), 0) << "rows that are gone must not wait";
+    EXPECT_EQ(table.model()->rowCount(), 0) << "removed rows disappear at once";
     shown.addRows(2);
     QTest::keyClick(&table, Qt::Key_Up);
-    EXPECT_EQ(table.model()->rowCount(), 2) << "a key must not find the list behind";
+    EXPECT_EQ(table.model()->rowCount(), 2) << "a key must find the present rows";
     EXPECT_EQ(shown.window.list.selection(), (Ranges{{0, 0}}));
 }
 
-TEST(ListView, WhatAPersonSelectsReachesTheListAsRanges) {
+TEST(ListView, TheUsersSelectionReachesTheListAsRanges) {
     OpenWindow shown;
     shown.addRows(200);
     QCoreApplication::processEvents();
@@ -69,7 +69,7 @@ TEST(ListView, WhatAPersonSelectsReachesTheListAsRanges) {
     EXPECT_EQ(table.verticalScrollBar()->value(), 0);
 }
 
-TEST(ListView, FilesDroppedOnTheWindowAreImportedInTheirTurn) {
+TEST(ListView, FilesDroppedOnTheWindowAreImportedInTurn) {
     OpenWindow shown;
     QMimeData dragged;
     QList<QUrl> urls{QUrl("https://example.org/1.tsv")};

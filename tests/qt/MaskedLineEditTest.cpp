@@ -40,15 +40,15 @@ struct MaskedLineEditTest : testing::Test {
     void press(QKeySequence::StandardKey key) { QTest::keySequence(&field, QKeySequence(key)); }
 
     MaskedLineEdit field;
-    std::string edits; ///< every text that was told, ended by "|"
+    std::string edits; ///< every reported text, with "|" after it
 };
 
-TEST_F(MaskedLineEditTest, KeysAreCompletedAndARefusedOneRaisesNothing) {
+TEST_F(MaskedLineEditTest, KeysAreCompletedAndARefusedOneRaisesNoEvent) {
     type("113x0 15,5");
     EXPECT_EQ(edits, "1|11|11 3|11 30|11 30 |11 30 1|11 30 15|11 30 15.|11 30 15.5|");
 }
 
-TEST_F(MaskedLineEditTest, UndoAndRedoGoThroughTheTextsThatWereSeen) {
+TEST_F(MaskedLineEditTest, UndoAndRedoStepThroughTheShownTexts) {
     type("1230");
     field.setCursorPosition(0);
     type("0");
@@ -62,7 +62,7 @@ TEST_F(MaskedLineEditTest, UndoAndRedoGoThroughTheTextsThatWereSeen) {
     EXPECT_EQ(edits, "01 3 0|01 23 0|12 30||12 30|01 23 0|");
 }
 
-TEST_F(MaskedLineEditTest, PasteIsOneFoldedLineThatFitsOrIsRefusedWhole) {
+TEST_F(MaskedLineEditTest, APasteIsOneFoldedLineThatFitsOrIsRefused) {
     for (const auto& [mask, pasted, expected] : table<3>("pasted_texts")) {
         field.clear();
         edits.clear();
@@ -75,7 +75,7 @@ TEST_F(MaskedLineEditTest, PasteIsOneFoldedLineThatFitsOrIsRefusedWhole) {
     }
 }
 
-TEST_F(MaskedLineEditTest, InputMethodsDroppingAndCuttingAskTheMaskToo) {
+TEST_F(MaskedLineEditTest, InputMethodsDropsAndCutsObeyTheMask) {
     QInputMethodEvent composed("", {});
     composed.setCommitString("123");
     QApplication::sendEvent(&field, &composed);
@@ -104,7 +104,7 @@ TEST_F(MaskedLineEditTest, InputMethodsDroppingAndCuttingAskTheMaskToo) {
     EXPECT_EQ(edits, "12 3|12 45|12 45 15|1 5 15|");
 }
 
-TEST_F(MaskedLineEditTest, DeletionsByWordAndByMenuAskTheMaskToo) {
+TEST_F(MaskedLineEditTest, DeletionsByWordAndByMenuObeyTheMask) {
     type("12301");
     press(QKeySequence::DeleteStartOfWord);
     field.setSelection(0, 3);

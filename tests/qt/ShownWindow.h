@@ -11,12 +11,12 @@
 
 namespace skyvert {
 
-/// The whole program on real widgets, with a scripted user for the dialogs and time that stands
-/// still. What is not for a test to script is done by keys and clicks.
+/// The whole program on real widgets, with scripted dialogs and virtual time. Tests do the rest by
+/// keys and clicks.
 struct ShownWindow {
     explicit ShownWindow(Locale locale = {}) : machine(std::move(locale)) { app.Event_Open(); }
 
-    /// Shows the window and lets the timers of the start run.
+    /// Shows the window and runs the timers of the start.
     void open(const QRect& screenArea = {0, 0, 1280, 1024}) {
         view.open(screenArea);
         QApplication::setActiveWindow(&view);
@@ -25,7 +25,7 @@ struct ShownWindow {
 
     void advance() { machine.scheduler.advance(std::chrono::milliseconds(500)); }
 
-    /// The widget of a control; one of a composite is named with it: "toEpoch/epochDate".
+    /// The widget of a control; a child of a composite by its path: "toEpoch/epochDate".
     template <typename Widget = QWidget>
     Widget* find(const QString& path) {
         QWidget* found = &view;
@@ -49,7 +49,7 @@ struct ShownWindow {
     MainWindowView view{window, app};
 };
 
-/// The same, open from the start.
+/// A window that is open from the start.
 struct OpenWindow : ShownWindow {
     OpenWindow() { open(); }
 };

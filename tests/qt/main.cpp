@@ -2,7 +2,7 @@
 #include <QFont>
 #include <gtest/gtest.h>
 
-// Real widgets, but no screen: the tests run anywhere, and the same everywhere.
+// Real widgets without a screen: the tests run the same everywhere.
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
