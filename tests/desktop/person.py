@@ -1,5 +1,5 @@
-"""What a person does with the built program, by real keys and pointer, and sees through the
-accessibility tree. Needs a display with a window manager and a session bus of its own."""
+"""A user who works the built program by real keys and pointer, and reads it through the
+accessibility tree. Needs a display with a window manager, and its own session bus."""
 
 import os
 import subprocess
@@ -16,9 +16,9 @@ from gi.repository import Atspi, GLib
 
 warnings.simplefilter("ignore", DeprecationWarning)  # Debian's library and its binding disagree
 
-PATIENCE = 60  # seconds; only a failure waits for so long
+PATIENCE = 60  # seconds; only a failure takes that long
 DIALOGS = ("dialog", "file chooser", "alert")
-# What stands below these is looked at only when it is asked for.
+# `below` leaves out what is below these.
 CLOSED = ("combo box", "table", "menu bar", "list", "tree", "spin button")
 NOT_YET = (GLib.Error, AttributeError, IndexError, StopIteration, OSError,
            subprocess.CalledProcessError)
@@ -26,7 +26,7 @@ ACCESS_KEYS = {"Undo": "u", "Cut": "t", "Copy": "c", "Paste": "p", "Delete": "d"
 
 
 def wait_for(what, condition, patience=PATIENCE):
-    """Asks until the answer is true, and returns it. A program at work may leave an answer out."""
+    """Asks until the answer is true, and returns it. A busy program may fail to answer."""
     deadline = time.monotonic() + patience
     while True:
         try:
@@ -40,7 +40,7 @@ def wait_for(what, condition, patience=PATIENCE):
 
 
 def expect(seen, wanted):
-    """Waits until what is seen is what is wanted."""
+    """Waits until `seen()` returns what is wanted."""
     last = [None]
 
     def matches():
@@ -75,8 +75,8 @@ def children(node):
 
 
 def below(node):
-    """The nodes below a node, without what is closed. What came last lies on top and comes first:
-    a program at work answers ten questions a second."""
+    """The nodes below a node, except below `CLOSED` ones. The topmost, added last, come first: a
+    busy program answers only ten questions a second."""
     for index in reversed(range(node.get_child_count())):
         child = node.get_child_at_index(index)
         yield child
@@ -95,19 +95,19 @@ def click(node):
 
 
 class Person:
-    """Works one program at a time, with a home of its own."""
+    """Works one process at a time, with its own home folder."""
 
     def __init__(self, program, home):
         self.program, self.home = program, home
         self.settings_file = home / "config/Skyvert/Preferences.xml"
-        self.process = self.window = None  # those that are being worked
+        self.process = self.window = None  # those in use
         self.processes = []
-        self.focuses = []  # what has said that it got the focus
+        self.focuses = []  # sources of focus events
         self.listener = Atspi.EventListener.new(lambda event: self.focuses.append(event.source))
         self.listener.register("object:state-changed:focused")
 
     def has_stored(self, rows, **settings):
-        """Lays out the settings file of an earlier run: a list, and settings by their keys."""
+        """Writes the settings file of an earlier run: a list, and settings by their keys."""
         settings["nContents"] = len(rows)
         for number, (ra, dec) in enumerate(rows):
             settings |= {f"Contents.RA.{number}": ra, f"Contents.Dec.{number}": dec}
@@ -129,7 +129,7 @@ class Person:
     def launches(self, locale="C.UTF-8"):
         kept = ("PATH", "DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR")
         environment = {name: os.environ[name] for name in kept}
-        # Now and then Qt leaves an event behind when the program ends.
+        # Now and then Qt leaks an event when the program ends.
         environment |= {"ASAN_OPTIONS": "detect_leaks=0", "HOME": str(self.home),
                         "XDG_CONFIG_HOME": str(self.home / "config"), "LC_ALL": locale,
                         "QT_QPA_PLATFORM": "xcb", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
@@ -140,14 +140,14 @@ class Person:
         return self.processes[-1]
 
     def starts(self, rows, locale="C.UTF-8"):
-        """Starts the program and waits until its stored rows, of which there must be some, have
-        come back: what is done before that is done to a list that is about to be replaced."""
+        """Starts the program and waits until its stored rows, at least one, are restored. Until
+        then the list is about to be replaced."""
         self.process = self.launches(locale)
         self.window = wait_for("the window", lambda: self.front("frame"))
         expect(self.row_count, rows)
 
     def front(self, *roles):
-        """The program's active window, if it is of one of these roles."""
+        """The program's active window if it has one of these roles, else None."""
         assert self.process.poll() is None, f"the program ended, code {self.process.returncode}"
         desktop = Atspi.get_desktop(0)
         desktop.set_cache_mask(Atspi.Cache.NONE)
@@ -166,7 +166,7 @@ class Person:
         assert code == 0, f"ended with code {code}"
 
     def leaves(self):
-        """Whatever has happened: nothing of the program goes on."""
+        """Kills whatever still runs."""
         self.listener.deregister("object:state-changed:focused")
         for process in self.processes:
             if process.poll() is None:
@@ -174,18 +174,18 @@ class Person:
                 process.wait()
 
     def has_open(self, name):
-        """Whether the program has a file of that name open."""
+        """Whether the program has a file with that name open."""
         return any(os.readlink(file).endswith("/" + name)
                    for file in Path(f"/proc/{self.process.pid}/fd").iterdir())
 
     def find(self, name, role=None):
-        """The visible node whose name ends so."""
+        """The visible node whose name ends with `name`."""
         return wait_for(name, lambda: next(
             (node for node in below(self.window) if node.get_name().endswith(name)
              and role in (None, node.get_role_name()) and is_("SHOWING", node)), None))
 
     def heard_focus(self):
-        """What has last said that it got the focus, everything said until now included."""
+        """The source of the last focus event so far."""
         while GLib.MainContext.default().iteration(False):
             pass
         return self.focuses[-1] if self.focuses else None
@@ -216,7 +216,7 @@ class Person:
         return next((node for node in below(self.window) if is_("FOCUSED", node)), None)
 
     def chooses(self, panel, popup, row):
-        """Opens a popup, the nth of a panel, and takes a row."""
+        """Opens a popup, given its number in a panel, and chooses a row."""
         boxes = [node for node in below(self.find(panel, "panel"))
                  if node.get_role_name() == "combo box"]
         box = boxes[-1 - popup]
@@ -228,7 +228,7 @@ class Person:
         self.sees_popups_go()
 
     def edits(self, item, by_mouse=False):
-        """Takes an item of the menu "Edit", by access keys or by mouse."""
+        """Chooses an item of the menu "Edit", by access keys or by mouse."""
         bar = next(node for node in children(self.window) if node.get_role_name() == "menu bar")
         menu = next(node for node in children(bar) if node.get_name() == "Edit")
         node = next(node for node in below(menu) if node.get_name() == item)
@@ -246,24 +246,22 @@ class Person:
         self.sees_popups_go()
 
     def settles(self):
-        """Waits until a key has arrived. Qt shows each to the accessibility registry before it acts
-        on it, other than shortcuts: an Alt that is late closes the menu that Alt+E has opened."""
+        """Waits until a key has arrived. Qt acts on a key, unless it is a shortcut, only after the
+        accessibility registry has seen it: a late Alt closes the menu that Alt+E has opened."""
         for node in (self.window, self.window, Atspi.get_desktop(0), self.window, self.window):
             node.get_child_count()
 
     def sees_popups_go(self):
-        """From the display: what is open there takes the keys, whatever the program says."""
+        """Asks the display, since an open popup takes the keys, whatever the program reports."""
         wait_for("the window alone", lambda: len(xdotool(
             "search", "--onlyvisible", "--pid", self.process.pid).split()) == 1)
 
     def sees_dialog(self):
         wait_for("a dialog", lambda: self.front(*DIALOGS))
 
-    def answers(self, text=None):
-        """Waits for a dialog, types into it, presses Return, and is back in the window."""
+    def accepts_dialog(self):
+        """Waits for a dialog, presses Return and waits for the window."""
         self.sees_dialog()
-        if text:
-            write(text)
         press("Return")
         wait_for("the window in front again", lambda: self.front("frame"))
 

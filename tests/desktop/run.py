@@ -1,5 +1,5 @@
-"""run.py PROGRAM FOLDER [SCENARIO...]: runs all scenarios, or the named ones. What a failed one
-leaves stays in the folder, with a picture of the display."""
+"""run.py PROGRAM FOLDER [SCENARIO...]: runs all scenarios, or the named ones. The files of a failed
+scenario stay in the folder, with a picture of the display."""
 
 import shutil
 import subprocess
