@@ -1,8 +1,7 @@
-// faults                    every file call of a save, of a start after one that was cut short, and
-//                           of an export fails in turn and ends the process in turn: no list may be
-//                           lost
+// faults                    lets every file call of a save, of a start after an interrupted save,
+//                           and of an export fail in turn, or end the process: no list may be lost
 // faults save|export PATH N TEXT   writes N rows of a text into the folder PATH
-// faults saved|exported PATH N     the text that all of N rows have there; "none", or "lost"
+// faults saved|exported PATH N     prints the text of all N rows there, "none" or "lost"
 
 #include "faults/FaultyCalls.h"
 #include "platform/Files.h"

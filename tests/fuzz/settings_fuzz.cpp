@@ -1,5 +1,4 @@
-// Whatever a settings file holds, what is read from it must be written as a document that reads
-// back the same.
+// Whatever is read from a settings file can be written, and reads back the same.
 
 #include "platform/Text.h"
 #include "settings/XMLDictionary.h"
