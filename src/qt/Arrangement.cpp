@@ -108,7 +108,7 @@ private:
         grid.addWidget(member.widget, 2 * rowOf(member), first, 1, last - first + 1);
     }
 
-    /// Distributes spare width over the columns in proportion to the table.
+    /// Distributes spare width over the columns in proportion to the layout.
     void shareWidth(QGridLayout& grid) const {
         const ControlLayout& box = group_.control->layout();
         for (std::size_t column = 0; column < columns_.size(); ++column) {
@@ -118,8 +118,8 @@ private:
         }
     }
 
-    /// Distributes spare height over the gaps between rows, except rows that the table sets as
-    /// closely as lines of text.
+    /// Distributes spare height over the gaps between rows, except rows that the layout sets
+    /// as closely as lines of text.
     void separateRows(QGridLayout& grid) const {
         for (std::size_t row = 0; row + 1 < rows_.size(); ++row) {
             if (rows_[row + 1] - rows_[row] <= kLineOfText)

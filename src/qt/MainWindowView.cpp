@@ -108,7 +108,7 @@ double MainWindowView::largestPoint(const QSize& room) const {
                     double(room.height() - menuBarHeight()) / window_.minimumHeight());
 }
 
-/// Centres the window on the screen, with the height of the layout table if there is room for it.
+/// Centres the window on the screen, with the height of its layout if there is room for it.
 void MainWindowView::setDefaultPlace(const QRect& screenArea) {
     const int room = screenArea.height() - kFrame.height() - menuBarHeight();
     window_.setHeight(
