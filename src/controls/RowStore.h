@@ -9,8 +9,9 @@
 
 namespace skyvert {
 
-/// Rows of text cells in a compact form: one block of text holds the cells of many rows, so that a
-/// row takes its bytes and one number for each cell. Rows are appended and never change.
+/// Rows of text cells in a compact form: one block of text holds the cells of 1024 rows. If these
+/// rows have cells of the same lengths, as in most lists, a row takes only its bytes, otherwise its
+/// bytes and one number for each cell. Rows are appended and never change.
 class RowStore {
 public:
     /// `columns` is the number of cells in every row.
@@ -33,10 +34,14 @@ private:
 
     struct Block {
         std::string text;
-        std::vector<std::uint32_t> ends; ///< the end of each cell in `text`
+        /// 0 and the end of each cell in `text`: of the first row alone while all rows have cells
+        /// of the same lengths (a uniform block), otherwise of all rows.
+        std::vector<std::uint32_t> bounds;
     };
 
     Block& blockWithRoom();
+    bool isUniform(const Block& block) const;
+    void addBounds(Block& block, std::span<const std::string_view> cells);
 
     std::size_t columns_;
     std::size_t size_ = 0;
