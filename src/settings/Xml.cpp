@@ -3,6 +3,7 @@
 #include "platform/Unicode.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -43,9 +44,22 @@ constexpr std::string_view attributeReference(char character) {
     }
 }
 
+/// Which bytes meet a condition.
+template <typename Condition>
+constexpr std::array<bool, 256> bytesThat(const Condition& condition) {
+    std::array<bool, 256> table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte)
+        table[byte] = condition(static_cast<char>(byte));
+    return table;
+}
+
 template <auto reference>
 void appendEscaped(std::string_view text, std::string& out) {
-    const auto isSpecial = [](char character) { return !reference(character).empty(); };
+    static constexpr auto kSpecial =
+        bytesThat([](char character) { return !reference(character).empty(); });
+    const auto isSpecial = [](char character) {
+        return kSpecial[static_cast<unsigned char>(character)];
+    };
     while (true) {
         const auto special = std::find_if(text.begin(), text.end(), isSpecial);
         out.append(text.begin(), special);
@@ -58,9 +72,12 @@ void appendEscaped(std::string_view text, std::string& out) {
 
 /// Whether a text consists of ASCII characters that XML allows.
 bool isPlain(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char character) {
+    static constexpr auto kPlain = bytesThat([](char character) {
         const auto byte = static_cast<signed char>(character);
         return byte >= ' ' || byte == '\t' || byte == '\n' || byte == '\r';
+    });
+    return std::all_of(text.begin(), text.end(), [](char character) {
+        return kPlain[static_cast<unsigned char>(character)];
     });
 }
 
