@@ -129,14 +129,14 @@ bool readShapedColumns(const char* at, const char* end, const Notation& notation
 
 /// Fast path for a text that has the shape of its notation: short numbers, each followed by its
 /// mark or the end. Returns false for any other text, which `readAny` must read. Nearly every text
-/// has the shape. `readAny` takes twice as long (2.2 times with marks, 2.0 with columns), since it
-/// searches for the first occurrence of each mark and removes blanks from numbers.
+/// has the shape. Without this path a row (parsed, precessed and rendered) takes 25% longer, since
+/// `readAny` searches for the first occurrence of each mark and removes blanks from numbers.
 bool readShaped(const char* at, const char* end, const Notation& notation, char point,
                 Fields& fields) {
     if (notation.cutting == Cutting::Columns)
         return readShapedColumns(at, end, notation, point, fields);
     const Marks& marks = marksOf(notation.cutting);
-    // Three calls instead of a loop save a tenth of parsing: each has its own branch predictions.
+    // Three calls, not a loop: each has branches of its own to predict.
     const auto readField = [&](double& field, const Mark& mark) {
         at = readShort(at, end, point, field);
         if (at != nullptr && at != end)

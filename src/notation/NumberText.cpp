@@ -12,20 +12,22 @@ namespace skyvert {
 
 namespace {
 
-/// Compares non-empty texts. Calling the library for every comparison would add 9% to rendering.
+/// Compares non-empty texts. Calling the library for every comparison would add 5% to a row
+/// (parsed, precessed and rendered).
 bool equalBytes(std::string_view a, std::string_view b) {
     return a.size() == b.size() && a.front() == b.front() && (a.size() == 1 || a == b);
 }
 
-/// Always writes both bytes: copying only as many as the mark has would add 25% to rendering.
+/// Always writes both bytes: copying only as many as the mark has would add 7% to a row.
 inline char* writeMark(char* to, const Mark& mark) {
     to[0] = mark.bytes[0];
     to[1] = mark.bytes[1];
     return to + mark.size;
 }
 
-/// Fast path of `writeFields`, 2.6 times as fast, for two or three fields, a first field within its
-/// least width and at most `kShortDecimals` decimals. Returns null if it does not apply.
+/// Fast path of `writeFields` for two or three fields, a first field within its least width and at
+/// most `kShortDecimals` decimals. Returns null if it does not apply. Without it a row takes 50%
+/// longer.
 inline char* writeShortFields(char* to, const Notation& notation, double value, int decimals,
                               char point) {
     const bool threeDigits = notation.firstDigits == 3;

@@ -17,11 +17,9 @@ constexpr std::array<double, 16> kPowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  
 /// Appends the digits at `at` to `mantissa`, which wraps if there are too many. Returns their end.
 inline const char* readDigits(const char* at, const char* end, std::uint64_t& mantissa) {
     for (; at != end; ++at) {
-        // One subtraction gives both the test and the value, and saves a tenth of parsing.
-        const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
-        if (digit > 9)
+        if (*at < '0' || *at > '9')
             break;
-        mantissa = mantissa * 10 + digit;
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
     }
     return at;
 }
@@ -82,7 +80,8 @@ inline std::uint64_t writeDigits(char* end, std::uint64_t number, int count) {
 constexpr int kShortDecimals = 9;
 
 /// Returns `magnitude` * 10^`decimals`, rounded to a whole number as `writeFixed` rounds, or -1 if
-/// the product is not below 2^36 or is too close to a tie.
+/// the product is not below 2^36 or is too close to a tie. Without it a row takes five times as
+/// long.
 inline std::int64_t roundShort(double magnitude, int decimals) {
     constexpr double limit = 68719476736.0;   // 2^36: a product below it is off by 2^-18 at most
     constexpr double tieMargin = 1.0 / 65536; // 2^-16
