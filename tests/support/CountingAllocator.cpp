@@ -8,6 +8,7 @@
 namespace {
 
 std::size_t count = 0;
+std::size_t bytes = 0;
 
 } // namespace
 
@@ -15,8 +16,11 @@ std::size_t allocationCount() {
     return count;
 }
 
+std::size_t allocatedBytes() { return bytes; }
+
 void* operator new(std::size_t size) {
     ++count;
+    bytes += size;
     if (void* const memory = std::malloc(size == 0 ? 1 : size))
         return memory;
     throw std::bad_alloc();

@@ -98,7 +98,7 @@ TEST_F(ImportExportTest, ACancelledDialogOrAFailureChangesNothing) {
     EXPECT_EQ(dialogs.messages, "There is not enough memory to finish this.|");
 }
 
-TEST_F(ImportExportTest, AnImportAllocatesPerBlockOfRowsAndNotPerRow) {
+TEST_F(ImportExportTest, ImportAndExportAllocatePerBlockOfRowsAndNotPerRow) {
     for (const char* dialect : kDialects) {
         std::string bytes;
         const std::size_t separator = std::string_view("T\tC,S ").find(dialect[0]) + 1;
@@ -107,8 +107,16 @@ TEST_F(ImportExportTest, AnImportAllocatesPerBlockOfRowsAndNotPerRow) {
         import(dialect, bytes);
         const std::size_t before = allocationCount();
         main.FileImportBtn.press();
+        exported(dialect);
         EXPECT_LT(allocationCount() - before, 200U) << dialect;
     }
+}
+
+TEST_F(ImportExportTest, ARowOfOneShapeTakesLittleMoreMemoryThanItsText) {
+    const std::size_t before = allocatedBytes();
+    for (int row = 0; row < 50'000; ++row)
+        main.ConvertCoordinates("1", "2"); // 41 bytes of text
+    EXPECT_LT(allocatedBytes() - before, 48U * 50'000U);
 }
 
 TEST_F(ImportExportTest, LongWorkReportsItsProgress) {

@@ -1,4 +1,5 @@
 #include "platform/Files.h"
+#include "support/CountingAllocator.h"
 #include "support/Table.h"
 #include "support/TestWindow.h"
 
@@ -187,6 +188,18 @@ TEST_F(SaveRestoreTest, RowsStayStoredUnlessAllAreRestored) {
         EXPECT_EQ(program.quitCode, 0);
     }
     run([](TestWindow&, MainWindow& main) { EXPECT_EQ(main.list.RowCount(), 5000); });
+}
+
+TEST_F(SaveRestoreTest, ARestoreAllocatesForBlocksOfRowsAndNotForRows) {
+    run([](TestWindow&, MainWindow& main) {
+        for (int row = 0; row < 20'000; ++row)
+            main.ConvertCoordinates("1", "2");
+    });
+    TestWindow program(folder);
+    const std::size_t before = allocationCount();
+    program.settle();
+    EXPECT_EQ(program.window->list.RowCount(), 20'000);
+    EXPECT_LT(allocationCount() - before, 200U);
 }
 
 } // namespace skyvert::save_restore_test
