@@ -47,7 +47,7 @@ void RowStore::append(std::span<const std::string_view> cells) {
 }
 
 /// Notes the bounds of each cell of a block that ends with the row of these cells.
-void RowStore::addBounds(Block& block, std::span<const std::string_view> cells) {
+void RowStore::addBounds(Block& block, std::span<const std::string_view> cells) const {
     std::vector<std::uint32_t>& bounds = block.bounds;
     const std::size_t row = size_ % kRowsPerBlock;
     // All the memory first, so that a row has all its bounds or none.

@@ -41,7 +41,7 @@ private:
 
     Block& blockWithRoom();
     bool isUniform(const Block& block) const;
-    void addBounds(Block& block, std::span<const std::string_view> cells);
+    void addBounds(Block& block, std::span<const std::string_view> cells) const;
 
     std::size_t columns_;
     std::size_t size_ = 0;
