@@ -23,10 +23,6 @@ constexpr std::array<std::string_view, 3> kUnits{"hd:", "m':", "s\""};
 
 constexpr std::string_view kBetweenCoordinates = " \t,;";
 
-bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
-
 /// The numbers that a mask asks for; none for the empty mask.
 struct Shape {
     explicit Shape(std::string_view mask);
@@ -189,9 +185,8 @@ std::string write(const Coordinate& coordinate, const Shape& shape) {
     if (shape.takesAny())
         return text.append(coordinate.numbers[0]).append(coordinate.decimals);
     for (std::size_t i = 0; i < coordinate.numbers.size(); ++i) {
-        const std::string_view number = coordinate.numbers[i];
         text += shape.separators[i];
-        text.append(shape.widths[i] - number.size(), '0').append(number);
+        text += zeroPadded(coordinate.numbers[i], shape.widths[i]);
     }
     return text += coordinate.decimals.substr(0, 1 + shape.decimals);
 }

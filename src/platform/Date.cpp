@@ -22,7 +22,7 @@ constexpr std::int64_t kCycleYears = 400;
 constexpr std::int64_t kCycleDays = 146097;
 constexpr std::int64_t kMonths = 12;
 constexpr double kSecondsOfDay = 86400.0;
-constexpr ch::year kFirstTypedYear{100};
+constexpr unsigned kFirstTypedYear = 100;
 
 struct Quotient {
     std::int64_t whole;
@@ -48,18 +48,19 @@ double dayNumber(std::int64_t year, std::int64_t month, std::int64_t day) {
            static_cast<double>(day) - 1.0;
 }
 
-/// Appends `value`, padded with zeros to `width` digits; a minus is not counted.
-void appendPadded(std::int64_t value, std::size_t width, std::string& out) {
+/// A number, padded with zeros to `width` digits; a minus is not counted.
+std::string padded(std::int64_t value, std::size_t width) {
     const std::string digits = std::to_string(value);
     const std::size_t sign = value < 0 ? 1 : 0;
-    out.append(digits, 0, sign);
-    out.append(width - std::min(width, digits.size() - sign), '0');
-    out.append(digits, sign);
+    return digits.substr(0, sign) + zeroPadded(std::string_view(digits).substr(sign), width);
 }
 
-/// The value of a text that is all digits; otherwise 0, which is not a valid year, month or day.
-unsigned wholeNumber(std::string_view text) {
+/// The value of a text of at most `mostDigits` digits; otherwise 0, which is not a valid year,
+/// month or day.
+unsigned wholeNumber(std::string_view text, std::size_t mostDigits) {
     unsigned number = 0;
+    if (text.size() > mostDigits)
+        return number;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc() && end == text.data() + text.size() ? number : 0;
 }
@@ -67,20 +68,33 @@ unsigned wholeNumber(std::string_view text) {
 /// The texts of year, month and day.
 using DayFields = std::array<std::string_view, 3>;
 
-/// The day given by at most four, two and two digits; nothing if it does not exist or its year is
-/// before 1.
-std::optional<ch::year_month_day> dayOf(const DayFields& fields) {
-    if (fields[0].size() > 4 || fields[1].size() > 2 || fields[2].size() > 2)
-        return std::nullopt;
-    const ch::year_month_day civil(ch::year(static_cast<int>(wholeNumber(fields[0]))),
-                                   ch::month(wholeNumber(fields[1])),
-                                   ch::day(wholeNumber(fields[2])));
-    return civil.ok() && civil.year() >= ch::year(1) ? std::optional(civil) : std::nullopt;
+bool isCalendarDay(unsigned year, unsigned month, unsigned day) {
+    return ch::year_month_day(ch::year(static_cast<int>(year)), ch::month(month), ch::day(day))
+        .ok();
+}
+
+/// Parses the numbers of an SQL date, with or without its time. False for any other text.
+bool readSQLFields(std::string_view text, std::array<unsigned, 6>& fields) {
+    constexpr std::string_view dayLayout = "0000-00-00";
+    constexpr std::string_view layout = "0000-00-00 00:00:00";
+    if (text.size() != dayLayout.size() && text.size() != layout.size())
+        return false;
+    std::size_t field = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool wantsDigit = layout[at] == '0';
+        if (wantsDigit ? !isDigit(text[at]) : text[at] != layout[at])
+            return false;
+        if (wantsDigit)
+            fields[field] = 10 * fields[field] + static_cast<unsigned>(text[at] - '0');
+        else
+            ++field;
+    }
+    return true;
 }
 
 /// Splits a typed date into three fields; nothing if there are more.
 std::optional<DayFields> typedFields(std::string_view text) {
-    if (text.size() == 8 && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; }))
+    if (text.size() == 8 && std::ranges::all_of(text, isDigit))
         return DayFields{text.substr(0, 4), text.substr(4, 2), text.substr(6)};
     DayFields fields;
     for (std::string_view& field : fields) {
@@ -109,32 +123,42 @@ void Date::setTotalSeconds(double seconds) {
 }
 
 std::string Date::SQLDate() const {
-    std::string text;
-    appendPadded(year, 4, text);
-    text += '-';
-    appendPadded(month, 2, text);
-    text += '-';
-    appendPadded(day, 2, text);
-    return text;
+    return padded(year, 4) + "-" + padded(month, 2) + "-" + padded(day, 2);
+}
+
+std::string Date::SQLDateTime() const {
+    return SQLDate() + " " + padded(hour, 2) + ":" + padded(minute, 2) + ":" + padded(second, 2);
 }
 
 void Date::setSQLDate(std::string_view text) {
-    const bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-';
-    const auto civil =
-        shaped ? dayOf({text.substr(0, 4), text.substr(5, 2), text.substr(8)}) : std::nullopt;
-    if (!civil)
+    const auto date = text.size() == 10 ? fromSQL(text) : std::nullopt;
+    if (!date || date->year < 1)
         throw std::invalid_argument("\"" + std::string(text) + "\" is no date");
-    year = int{civil->year()};
-    month = unsigned{civil->month()};
-    day = unsigned{civil->day()};
+    year = date->year;
+    month = date->month;
+    day = date->day;
 }
 
 std::optional<Date> Date::fromTyped(std::string_view text) {
     const auto fields = typedFields(Trim(text));
-    const auto civil = fields ? dayOf(*fields) : std::nullopt;
-    if (!civil || civil->year() < kFirstTypedYear)
+    if (!fields)
         return std::nullopt;
-    return Date(int{civil->year()}, unsigned{civil->month()}, unsigned{civil->day()});
+    const unsigned year = wholeNumber((*fields)[0], 4);
+    const unsigned month = wholeNumber((*fields)[1], 2);
+    const unsigned day = wholeNumber((*fields)[2], 2);
+    if (year < kFirstTypedYear || !isCalendarDay(year, month, day))
+        return std::nullopt;
+    return Date(year, month, day);
+}
+
+std::optional<Date> Date::fromSQL(std::string_view text) {
+    std::array<unsigned, 6> fields{};
+    if (!readSQLFields(text, fields))
+        return std::nullopt;
+    const auto [year, month, day, hour, minute, second] = fields;
+    if (!isCalendarDay(year, month, day) || hour > 23 || minute > 59 || second > 59)
+        return std::nullopt;
+    return Date(year, month, day, hour, minute, second);
 }
 
 std::int64_t Date::DayOfYear() const {

@@ -29,6 +29,9 @@ struct Date {
     /// The calendar day as "YYYY-MM-DD". A field outside its range gets more digits or a minus.
     std::string SQLDate() const;
 
+    /// The day as in `SQLDate` and the clock time, for instance "2000-01-01 12:00:00".
+    std::string SQLDateTime() const;
+
     /// Sets year, month and day from "YYYY-MM-DD" and keeps the clock time. Throws
     /// `std::invalid_argument` and changes nothing unless the text has exactly that form and names
     /// an existing day of the years 1 to 9999.
@@ -38,6 +41,10 @@ struct Date {
     /// digits. Returns that day at 0h; nothing for any other text, for a day that does not exist
     /// and outside the years 100 to 9999.
     static std::optional<Date> fromTyped(std::string_view text);
+
+    /// Parses a text in the form of `SQLDateTime`, or of `SQLDate` for 0h. Returns nothing for any
+    /// other text, for a day or a time that does not exist and outside the years 0 to 9999.
+    static std::optional<Date> fromSQL(std::string_view text);
 
     /// 1 for 1 January, 366 for 31 December of a leap year.
     std::int64_t DayOfYear() const;

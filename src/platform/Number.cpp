@@ -148,7 +148,7 @@ std::string Format(double number, std::string_view mask, const Locale& locale) {
 char* writeFixed(char* to, double number, int decimals, int width, std::string_view point) {
     decimals = std::clamp(decimals, 0, kMaxDecimals);
     width = std::clamp(width, 0, kMaxWholeDigits);
-    point = point.substr(0, kMaxPointBytes);
+    point = point.substr(0, kMaxUtf8Length);
     if (number < 0.0)
         *to++ = '-';
     const double magnitude = std::fabs(number);

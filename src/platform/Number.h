@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Locale.h"
+#include "platform/Unicode.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -39,11 +40,8 @@ constexpr int kMaxDecimals = 1074;
 /// The most digits of a finite double before its decimal point.
 constexpr int kMaxWholeDigits = 309;
 
-/// The length of the longest UTF-8 character.
-constexpr std::size_t kMaxPointBytes = 4;
-
 /// The most bytes that `writeFixed` writes.
-constexpr std::size_t kMaxFixedText = 1 + kMaxWholeDigits + kMaxPointBytes + kMaxDecimals;
+constexpr std::size_t kMaxFixedText = 1 + kMaxWholeDigits + kMaxUtf8Length + kMaxDecimals;
 
 /// Writes a number with a fixed number of decimals, rounded from the double's exact value to the
 /// nearest; an exact tie goes to the even digit.

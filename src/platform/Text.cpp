@@ -1,14 +1,12 @@
 #include "platform/Text.h"
 
+#include "platform/Unicode.h"
+
 #include <algorithm>
 
 namespace skyvert {
 
 namespace {
-
-constexpr bool startsCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-}
 
 /// The length in bytes of the first `count` characters. Continuation bytes at the start of the
 /// text count as one character.
@@ -16,7 +14,7 @@ std::size_t bytesOf(std::string_view text, std::size_t count) {
     std::size_t at = 0;
     for (; count > 0 && at < text.size(); --count) {
         ++at;
-        while (at < text.size() && !startsCharacter(text[at]))
+        while (at < text.size() && continuesCharacter(text[at]))
             ++at;
     }
     return at;
@@ -81,6 +79,10 @@ std::vector<std::string_view> Split(std::string_view text, char delimiter) {
     return fields;
 }
 
+std::string zeroPadded(std::string_view digits, std::size_t width) {
+    return std::string(width - std::min(width, digits.size()), '0').append(digits);
+}
+
 std::string Join(std::span<const std::string> fields, std::string_view separator) {
     std::string out;
     for (const std::string& field : fields) {
@@ -109,9 +111,9 @@ void ReplaceAll(std::string_view text, std::string_view wanted, std::string_view
 }
 
 std::size_t Len(std::string_view text) {
-    const auto starts = std::count_if(text.begin(), text.end(), startsCharacter);
-    const bool strayOpening = !text.empty() && !startsCharacter(text.front());
-    return static_cast<std::size_t>(starts) + (strayOpening ? 1 : 0);
+    const auto continuing = std::count_if(text.begin(), text.end(), continuesCharacter);
+    const bool strayOpening = !text.empty() && continuesCharacter(text.front());
+    return text.size() - static_cast<std::size_t>(continuing) + (strayOpening ? 1 : 0);
 }
 
 std::string_view Left(std::string_view text, std::size_t count) {

@@ -18,6 +18,10 @@ constexpr bool isWhiteSpace(char byte) {
     return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
+constexpr bool isDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+
 /// The lower case of an ASCII letter; any other byte unchanged.
 constexpr char lowered(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
@@ -37,6 +41,9 @@ std::string_view Trim(std::string_view text);
 /// empty text gives none. The fields are views into `text` and replace the content of `fields`.
 void Split(std::string_view text, char delimiter, std::vector<std::string_view>& fields);
 std::vector<std::string_view> Split(std::string_view text, char delimiter);
+
+/// Digits, with zeros before them where there are fewer than `width`.
+std::string zeroPadded(std::string_view digits, std::size_t width);
 
 std::string Join(std::span<const std::string> fields, std::string_view separator);
 

@@ -20,12 +20,10 @@ constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 
 /// A line shortened to the bound, without cutting a character.
 std::string_view bounded(std::string_view line) {
-    constexpr std::size_t kLongestCharacter = 4;
     if (line.size() <= kLongestLine)
         return line;
     std::size_t end = kLongestLine;
-    const auto continues = [&] { return (static_cast<unsigned char>(line[end]) & 0xC0U) == 0x80; };
-    while (continues() && kLongestLine - end < kLongestCharacter)
+    while (continuesCharacter(line[end]) && kLongestLine - end < kMaxUtf8Length)
         --end;
     return line.substr(0, end);
 }

@@ -29,8 +29,8 @@ void appendUtf8(char32_t point, std::string& out) {
 
 std::size_t utf8Length(std::string_view text) {
     if (static_cast<signed char>(text.front()) >= 0)
-        return 1;                                    // halves the time of ordinary texts
-    const std::string_view head = text.substr(0, 4); // bytes of the longest character
+        return 1; // halves the time of ordinary texts
+    const std::string_view head = text.substr(0, kMaxUtf8Length);
     const auto* const begin = head.data();
     if (utf8::find_invalid(begin, begin + head.size()) == begin)
         return 0;

@@ -8,6 +8,14 @@ namespace skyvert {
 
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
+/// The length in bytes of the longest character in UTF-8.
+inline constexpr std::size_t kMaxUtf8Length = 4;
+
+/// Whether a byte of UTF-8 belongs to the character before it.
+constexpr bool continuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 /// True when every byte is below 0x80.
 bool isAscii(std::string_view text);
 

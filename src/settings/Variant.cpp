@@ -3,14 +3,11 @@
 #include "platform/Number.h"
 #include "platform/Text.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
-#include <chrono>
 #include <cmath>
 #include <functional>
 #include <optional>
-#include <span>
 #include <type_traits>
 
 namespace skyvert {
@@ -47,12 +44,6 @@ std::string numberText(Kind value) {
     return toText(value);
 }
 
-std::string padded(int value, std::size_t width) {
-    std::string digits = std::to_string(value);
-    digits.insert(0, width - std::min(width, digits.size()), '0');
-    return digits;
-}
-
 /// The integer equal to a floating-point number, if there is one.
 std::optional<std::int64_t> wholeNumber(double value) {
     const std::int64_t whole = truncated(value);
@@ -81,29 +72,7 @@ bool sameHeld(const Left& left, const Right& right) {
         return false;
 }
 
-/// Reads numbers of fixed width, separated as in `kLayout`, until the text ends.
-/// Returns their count, or nothing if the text does not have this form.
-std::optional<std::size_t> readFields(std::string_view text, std::span<int, 6> fields) {
-    static constexpr std::string_view kLayout = "0000-00-00 00:00:00";
-    std::size_t field = 0;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const char expected = at < kLayout.size() ? kLayout[at] : '\0';
-        if (expected != '0' ? text[at] != expected : text[at] < '0' || text[at] > '9')
-            return std::nullopt;
-        if (expected == '0')
-            fields[field] = 10 * fields[field] + (text[at] - '0');
-        else
-            ++field;
-    }
-    return field + 1;
-}
-
 } // namespace
-
-std::string DateValue::SQLDateTime() const {
-    return padded(year, 4) + "-" + padded(month, 2) + "-" + padded(day, 2) + " " + padded(hour, 2) +
-           ":" + padded(minute, 2) + ":" + padded(second, 2);
-}
 
 // Not inline: in the header, GCC 12 would warn about the library's code.
 Variant::Variant(std::string_view value) : held_(Text(value.begin(), value.end())) {}
@@ -121,11 +90,8 @@ std::string Variant::stringValue() const {
         Overloaded{[](const Text& text) { return std::string(viewOf(text)); },
                    [](const bool& value) { return std::string(value ? "true" : "false"); },
                    [](const Number auto& value) { return numberText(value); },
-                   [](const DateValue& date) { return date.SQLDateTime(); },
-                   [](Color color) {
-                       const std::string digits = toText(color.value, 16);
-                       return "&h" + std::string(8 - digits.size(), '0') + digits;
-                   },
+                   [](const HeldDate& date) { return date.text(); },
+                   [](Color color) { return "&h" + zeroPadded(toText(color.value, 16), 8); },
                    [](const auto&) { return std::string(); }},
         held_);
 }
@@ -180,26 +146,6 @@ std::size_t variantHash(std::string_view text) {
     const auto last = static_cast<unsigned char>(text.back());
     text.remove_suffix(1);
     return std::hash<std::string_view>()(text) + last;
-}
-
-Variant dateFromText(std::string_view text) {
-    std::array<int, 6> fields{};
-    const auto count = readFields(text, fields);
-    if (!count || (text.size() != 10 && text.size() != 19))
-        return {};
-    const auto [year, month, day, hour, minute, second] = fields;
-    const std::chrono::year_month_day date(std::chrono::year(year),
-                                           std::chrono::month(static_cast<unsigned>(month)),
-                                           std::chrono::day(static_cast<unsigned>(day)));
-    if (!date.ok() || hour > 23 || minute > 59 || second > 59)
-        return {};
-    const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
-    return DateValue{static_cast<std::int16_t>(year),
-                     byte(month),
-                     byte(day),
-                     byte(hour),
-                     byte(minute),
-                     byte(second)};
 }
 
 Color colorFromText(std::string_view text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Color.h"
+#include "platform/Date.h"
 
 #include <boost/container/string.hpp>
 #include <concepts>
@@ -22,21 +23,6 @@ public:
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
     virtual ~Object() = default;
-};
-
-/// A calendar date and time of day, as stored in settings.
-struct DateValue {
-    std::int16_t year = 0;
-    std::uint8_t month = 0;
-    std::uint8_t day = 0;
-    std::uint8_t hour = 0;
-    std::uint8_t minute = 0;
-    std::uint8_t second = 0;
-
-    bool operator==(const DateValue&) const = default;
-
-    /// For instance "2000-01-01 12:00:00".
-    std::string SQLDateTime() const;
 };
 
 /// The kinds of value, with their established numbers.
@@ -72,7 +58,7 @@ public:
 
     Variant(Color value) : held_(value) {}
 
-    Variant(DateValue value) : held_(value) {}
+    Variant(const Date& value) : held_(HeldDate(value)) {}
 
     Variant(std::string_view value);
 
@@ -133,7 +119,25 @@ private:
 
     static std::string_view viewOf(const Text& text) { return {text.data(), text.size()}; }
 
-    std::variant<std::monostate, std::int32_t, std::int64_t, float, double, DateValue, Text,
+    /// A date by reference: it is rare, and twice as large as all other values. There is no move,
+    /// which would leave a value without its date.
+    class HeldDate {
+    public:
+        explicit HeldDate(const Date& date) : date_(std::make_shared<const Date>(date)) {}
+
+        HeldDate(const HeldDate&) = default;
+        HeldDate& operator=(const HeldDate&) = default;
+        ~HeldDate() = default;
+
+        bool operator==(const HeldDate& other) const { return *date_ == *other.date_; }
+
+        std::string text() const { return date_->SQLDateTime(); }
+
+    private:
+        std::shared_ptr<const Date> date_;
+    };
+
+    std::variant<std::monostate, std::int32_t, std::int64_t, float, double, HeldDate, Text,
                  std::shared_ptr<Object>, bool, Color>
         held_;
 };
@@ -146,10 +150,6 @@ bool VariantCompare(const Variant& left, const Variant& right);
 /// their last character, such as consecutively numbered keys, have neighbouring hashes. Access in
 /// the order of the keys then stays in the processor's cache, which saves a quarter of a load.
 std::size_t variantHash(std::string_view text);
-
-/// Parses a text in the form of `DateValue::SQLDateTime`; the time may be missing. Nil if the text
-/// is not a date.
-Variant dateFromText(std::string_view text);
 
 /// Parses "&h" and hexadecimal digits. Black if the text is not a colour.
 Color colorFromText(std::string_view text);

@@ -68,7 +68,8 @@ Variant readDate(std::string& text) {
         text[10] = ' ';
         text.pop_back();
     }
-    return dateFromText(text);
+    const auto date = Date::fromSQL(text);
+    return date ? Variant(*date) : Variant();
 }
 
 /// A value element without entries, and the function that reads its contents.

@@ -13,7 +13,7 @@ inline Variant value(const std::string& cell) {
         {"Long", [](auto& text) { return Variant(std::int64_t{std::stoll(text)}); }},
         {"Single", [](auto& text) { return Variant(static_cast<float>(number(text))); }},
         {"Double", [](auto& text) { return Variant(number(text)); }},
-        {"Date", [](auto& text) { return dateFromText(text); }},
+        {"Date", [](auto& text) { return Variant(Date::fromSQL(text).value()); }},
         {"String", [](auto& text) { return Variant(text); }},
         {"Boolean", [](auto& text) { return Variant(text == "true"); }},
         {"Color", [](auto& text) { return Variant(colorFromText("&h" + text)); }},
