@@ -9,7 +9,6 @@
 #include <array>
 #include <cmath>
 #include <stdexcept>
-#include <utility>
 
 namespace skyvert {
 
@@ -68,8 +67,8 @@ std::vector<std::string> epochRows() {
     return rows;
 }
 
-EpochValue::EpochValue(EpochView& view, const Clock& clock, Locale locale)
-    : view_(view), clock_(clock), locale_(std::move(locale)) {}
+EpochValue::EpochValue(EpochView& view, const Clock& clock, const Locale& locale)
+    : view_(view), clock_(clock), locale_(locale) {}
 
 const Date& EpochValue::currentEpoch() const {
     if (!mepoch_)

@@ -50,9 +50,10 @@ protected:
 /// "B" and "J" are only part of a preset's name: each preset is 1 January of its year.
 class EpochValue {
 public:
-    /// The view and the clock must outlive the object. There is no epoch until one is assigned,
-    /// selected or restored, whatever the view shows.
-    EpochValue(EpochView& view, const Clock& clock, Locale locale);
+    /// The view, the clock and the locale must outlive the object. There is no epoch until one is
+    /// assigned, selected or restored, whatever the view shows.
+    EpochValue(EpochView& view, const Clock& clock, const Locale& locale);
+    EpochValue(EpochView&, const Clock&, const Locale&&) = delete;
 
     /// Runs after the user or a restored selection has set the epoch.
     std::function<void(const Date&)> ValueChanged;
@@ -104,7 +105,7 @@ private:
 
     EpochView& view_;
     const Clock& clock_;
-    Locale locale_;
+    const Locale& locale_;
     std::optional<Date> mepoch_;
     double julianDate_ = 0.0; ///< of 0h of `mepoch_`
     bool setting_ = false;    ///< true while `setEpoch` changes the view

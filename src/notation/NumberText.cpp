@@ -63,7 +63,7 @@ inline char* writeShortFields(char* to, const Notation& notation, double value, 
 /// The decimal separator of written numbers. Not localised, it is a point if the system's separator
 /// is still the one that was learned first, otherwise the system's.
 inline std::string_view RADecFormat::pointForOutput() const {
-    const std::string_view system = locale_->decimalPoint;
+    const std::string_view system = locale_.decimalPoint;
     if (localised_)
         return system;
     if (decpt_.empty())
@@ -73,7 +73,7 @@ inline std::string_view RADecFormat::pointForOutput() const {
 
 /// Learns the system's decimal separator by formatting a number.
 void RADecFormat::learnSeparator() const {
-    decpt_ = Mid(Format(1.1, "0.0", *locale_), 2, 1);
+    decpt_ = Mid(Format(1.1, "0.0", locale_), 2, 1);
 }
 
 char* RADecFormat::writeDouble(char* to, double value, std::int64_t decimals, int width) const {
@@ -92,13 +92,13 @@ std::string RADecFormat::DoubleToStr(double value, std::int64_t decimals, int wi
 char RADecFormat::shortPoint() const {
     if (!localised_)
         return '.';
-    const std::string& point = locale_->decimalPoint;
-    const bool serves = (point == "." || point == ",") && point != locale_->groupSeparator;
+    const std::string& point = locale_.decimalPoint;
+    const bool serves = (point == "." || point == ",") && point != locale_.groupSeparator;
     return serves ? point.front() : '\0';
 }
 
 double RADecFormat::StrToDbl(std::string_view text) const {
-    return localised_ ? CDbl(text, *locale_) : Val(text);
+    return localised_ ? CDbl(text, locale_) : Val(text);
 }
 
 /// Writes a value in one to three fields. Only the last field is rounded, without a carry to the

@@ -22,7 +22,7 @@ std::vector<std::string> namesOf(std::span<const Notation> notations) {
 
 } // namespace
 
-RADecFormat::RADecFormat(const Locale& locale) : locale_(&locale) {
+RADecFormat::RADecFormat(const Locale& locale) : locale_(locale) {
     setRaFormat("HH MM SS");
     setDecFormat("+DD MM SS");
 }

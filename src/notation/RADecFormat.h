@@ -22,8 +22,7 @@ struct Notation;
 /// values: an unknown notation is kept, renders as "Unknown format!", fails to parse with "Bad
 /// format!" and has no mask.
 ///
-/// A format is a small value, cheap to copy. It keeps a pointer to the locale, which must outlive
-/// it.
+/// A format is small and cheap to copy. It refers to the locale, which must outlive it.
 class RADecFormat {
 public:
     /// `HH MM SS` and `+DD MM SS` with no decimals, not localised.
@@ -135,7 +134,7 @@ private:
     char* writeFields(char* to, const Notation& notation, double value,
                       std::int64_t decimals) const;
 
-    const Locale* locale_;
+    const Locale& locale_;
     std::string raFormat_;
     std::string decFormat_;
     const Notation* raNotation_ = nullptr;  ///< of `raFormat_`, null if unknown

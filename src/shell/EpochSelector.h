@@ -14,6 +14,7 @@ namespace skyvert {
 class EpochSelector : public ContainerControl, private EpochView {
 public:
     EpochSelector(const Place& place, const Clock& clock, const Locale& locale);
+    EpochSelector(const Place&, const Clock&, const Locale&&) = delete;
 
     /// The caption of the frame.
     const std::string& title() const { return gbox.caption(); }

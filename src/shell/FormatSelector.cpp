@@ -48,7 +48,7 @@ FormatSelector::FormatSelector(const Place& place, const Locale& locale)
 
 const RADecFormat& FormatSelector::format() const {
     if (!read_)
-        read_ = readControls();
+        read_.emplace(readControls());
     return *read_;
 }
 

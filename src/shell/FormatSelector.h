@@ -14,6 +14,7 @@ namespace skyvert {
 class FormatSelector : public ContainerControl {
 public:
     FormatSelector(const Place& place, const Locale& locale);
+    FormatSelector(const Place&, const Locale&&) = delete;
 
     /// The caption of the frame.
     const std::string& title() const { return gbox.caption(); }

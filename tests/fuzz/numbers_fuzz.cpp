@@ -26,7 +26,8 @@ void render(double number, RADecFormat& format) {
 
 void date(double number, double other) {
     const FixedClock clock;
-    EpochSelector epoch(Place{{.name = "epoch"}}, clock, {});
+    const Locale locale;
+    EpochSelector epoch(Place{{.name = "epoch"}}, clock, locale);
     epoch.setEpochJulian(number);
     epoch.setEpochYear(number);
     Date date = clock.now();

@@ -16,7 +16,8 @@ struct EpochSelectorTest : testing::Test {
     std::string_view row() const { return selector.epochPopup.value(); }
 
     FixedClock clock;
-    EpochSelector selector{{{.name = "fromEpoch"}}, clock, {",", "."}};
+    Locale locale{",", "."};
+    EpochSelector selector{{{.name = "fromEpoch"}}, clock, locale};
     std::string heard; ///< every day reported to the owner, with a blank after it
 };
 
