@@ -2,8 +2,8 @@
 
 namespace skyvert {
 
-/// Keeps a flag true during its lifetime. A composite control uses it to mute the event of its
-/// owner while code changes the composite.
+/// Keeps a flag true during its lifetime, so that a control or a view does not report changes that
+/// code makes. Not for nested use.
 class SettingGuard {
 public:
     explicit SettingGuard(bool& setting) : setting_(setting) { setting_ = true; }

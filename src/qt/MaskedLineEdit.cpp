@@ -1,5 +1,6 @@
 #include "qt/MaskedLineEdit.h"
 
+#include "platform/SettingGuard.h"
 #include "qt/QtText.h"
 
 #include <QAction>
@@ -12,7 +13,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <limits>
@@ -297,7 +297,7 @@ void MaskedLineEdit::become(const EntryText& entry) {
     const QString before = text();
     const QString wanted = toQString(entry.text);
     {
-        const QScopedValueRollback guard(isBecoming_, true);
+        const SettingGuard guard(isBecoming_);
         replaceDifference(wanted);
         setCursorPosition(positionOf(wanted, entry.caret));
     }
