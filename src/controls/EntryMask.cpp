@@ -3,7 +3,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <utility>
 
@@ -14,27 +13,15 @@ namespace {
 /// In digits. A longer field is several numbers written together.
 constexpr std::size_t kLongestNumber = 3;
 
-/// The last literal of a mask, and the closing mark that may follow the last number.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kClosingMarks{
-    {{"h", "m"}, {"m", "s"}, {"°", "'"}, {"'", "\""}}};
-
-bool continuesCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
 std::vector<std::string_view> splitCharacters(std::string_view text) {
     std::vector<std::string_view> characters;
-    for (std::size_t begin = 0, end = 0; begin < text.size(); begin = end) {
-        end = begin + 1;
-        while (end < text.size() && continuesCharacter(text[end]))
-            ++end;
-        characters.push_back(text.substr(begin, end - begin));
-    }
+    for (; !text.empty(); text.remove_prefix(characters.back().size()))
+        characters.push_back(Left(text, 1));
     return characters;
 }
 
 bool isDigit(std::string_view character) {
-    return character.size() == 1 && character[0] >= '0' && character[0] <= '9';
+    return character.size() == 1 && skyvert::isDigit(character[0]);
 }
 
 bool isSign(std::string_view character) {
@@ -118,13 +105,13 @@ private:
 /// The contents of the fields during one change.
 class EntryMask::Edit {
 public:
-    explicit Edit(const std::vector<Field>& fields) : fields_(fields), contents_(fields.size()) {}
+    explicit Edit(const EntryMask& mask)
+        : fields_(mask.fields_), closingMark_(mask.closingMark_), contents_(fields_.size()) {}
 
     /// Starts with the present text without the characters from `first` up to but not including
     /// `last`, and with the caret in their place.
-    Edit(const std::vector<Field>& fields, std::span<const Cell> cells, std::size_t first,
-         std::size_t last)
-        : Edit(fields) {
+    Edit(const EntryMask& mask, std::span<const Cell> cells, std::size_t first, std::size_t last)
+        : Edit(mask) {
         restore(cells.first(first));
         const std::size_t caretField = reached_;
         const std::size_t caretOffset = cells.empty() || first == 0 ? 0 : length(reached_);
@@ -256,7 +243,7 @@ private:
             return true;
         if (digits.empty() || field().required > kLongestNumber)
             return false;
-        digits.insert(0, field().required - digits.size(), '0');
+        digits = zeroPadded(digits, field().required);
         return true;
     }
 
@@ -272,18 +259,11 @@ private:
     }
 
     bool isClosing(std::string_view character) const {
-        const auto lastLiteral =
-            std::find_if(fields_.rbegin(), fields_.rend(), [](const Field& field) {
-                return !field.lead.empty() && !field.leadIsDecimal;
-            });
-        const auto isMark = [&](const auto& pair) {
-            return lastLiteral != fields_.rend() && pair.first == lastLiteral->lead &&
-                   equalsIgnoringCase(pair.second, character);
-        };
-        return std::any_of(kClosingMarks.begin(), kClosingMarks.end(), isMark);
+        return equalsIgnoringCase(closingMark_, character);
     }
 
     const std::vector<Field>& fields_;
+    std::string_view closingMark_;
     std::vector<std::string> contents_;
     std::size_t reached_ = 0; ///< the last field that is shown, with its lead
     std::size_t field_ = 0;   ///< the caret's field
@@ -291,7 +271,9 @@ private:
     bool closed_ = false;     ///< only closing marks may follow
 };
 
-EntryMask::EntryMask(std::string_view mask, std::string_view decimalSeparator) {
+EntryMask::EntryMask(std::string_view mask, std::string_view decimalSeparator,
+                     std::string_view closingMark)
+    : closingMark_(closingMark) {
     const Characters elements = splitCharacters(mask);
     for (std::size_t i = 0; i < elements.size(); ++i) {
         const std::string_view element = elements[i];
@@ -344,7 +326,7 @@ std::optional<EntryText> EntryMask::replace(std::string_view text, std::size_t f
             return std::nullopt;
         return edit->result();
     }
-    Edit whole(fields_);
+    Edit whole(*this);
     const bool fits = whole.typeAround(splitCharacters(Left(free.text, free.caret)),
                                        splitCharacters(Mid(text, last + 1)));
     return fits ? whole.result() : std::move(free);
@@ -355,9 +337,9 @@ std::optional<EntryText> EntryMask::replace(std::string_view text, std::size_t f
 std::optional<EntryMask::Edit> EntryMask::editOf(const Characters& characters, std::size_t first,
                                                  std::size_t last) const {
     if (const auto cells = Reader(fields_, characters).read())
-        return Edit(fields_, *cells, first, last);
+        return Edit(*this, *cells, first, last);
     if (const auto cells = readWithout(characters, first, last))
-        return Edit(fields_, *cells, first, first);
+        return Edit(*this, *cells, first, first);
     return std::nullopt;
 }
 
@@ -376,12 +358,12 @@ EntryText EntryMask::erase(std::string_view text, std::size_t first, std::size_t
     const auto cells = fields_.empty() ? std::nullopt : Reader(fields_, characters).read();
     if (!cells)
         return replaceFreely(text, first, last, {});
-    const EntryText kept = Edit(fields_, *cells, first, last).result();
+    const EntryText kept = Edit(*this, *cells, first, last).result();
     EntryText joined = replaceFreely(text, first, last, {});
     const bool takesLiterals = kept.text == text;
     const auto joinedCells = Reader(fields_, splitCharacters(joined.text)).read();
     const bool joins = takesLiterals && joinedCells &&
-                       Edit(fields_, *joinedCells, 0, 0).result().text == joined.text;
+                       Edit(*this, *joinedCells, 0, 0).result().text == joined.text;
     return joins ? joined : kept;
 }
 

@@ -51,8 +51,10 @@ public:
     EntryMask() = default;
 
     /// Any text is a valid mask: a character that is none of the elements above is a literal.
-    /// `decimalSeparator` is the text for the element ".".
-    EntryMask(std::string_view mask, std::string_view decimalSeparator);
+    /// `decimalSeparator` is the text for the element ".", `closingMark` the character that may
+    /// follow the last number; empty for none.
+    EntryMask(std::string_view mask, std::string_view decimalSeparator,
+              std::string_view closingMark = {});
 
     /// The text after `insertion` (a typed character or a pasted text) has replaced the characters
     /// from `first` up to but not including `last`. Nothing if the result would not fit; then the
@@ -102,6 +104,7 @@ private:
                                                  std::size_t last) const;
 
     std::vector<Field> fields_;
+    std::string closingMark_;
 };
 
 } // namespace skyvert

@@ -15,6 +15,15 @@ std::string maskOf(const Notation* notation, bool localised) {
 
 } // namespace
 
+std::string_view RADecFormat::closingMark(std::string_view mask) {
+    const std::string localised = Replace(mask, "\\.", ".");
+    for (const auto notations : {notationsOfRA(), notationsOfDec()})
+        for (const Notation& notation : notations)
+            if (notation.mask == localised)
+                return notation.closingMark.text();
+    return {};
+}
+
 std::string RADecFormat::RAMask() const {
     return maskOf(raNotation_, localised_);
 }

@@ -29,6 +29,8 @@ struct Mark {
         std::string_view(text).copy(bytes.data(), bytes.size());
     }
 
+    constexpr std::string_view text() const { return {bytes.data(), size}; }
+
     std::array<char, 2> bytes{};
     std::size_t size = 0;
 };

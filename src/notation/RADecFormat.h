@@ -114,6 +114,10 @@ public:
     std::string RAMask() const;
     std::string DecMask() const;
 
+    /// The mark that closes a text of the notation with this mask, such as "s"; empty for none.
+    /// Given: a mask as `RAMask` or `DecMask` gives it.
+    static std::string_view closingMark(std::string_view mask);
+
     /// The text of a number. Given: the decimals, and `width`, the least number of digits before
     /// the point. Without decimals, halves are rounded away from zero; with decimals, the exact
     /// value is rounded to the nearest, a tie to the even digit.

@@ -2,6 +2,7 @@
 
 #include "notation/LookAlikes.h"
 #include "notation/PastedPosition.h"
+#include "notation/RADecFormat.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -223,7 +224,8 @@ QSize TextFieldView::minimumSizeHint() const {
 }
 
 void TextFieldView::mirror() {
-    setEntryMask(EntryMask(control().mask(), desktop().locale.decimalPoint));
+    const std::string& mask = control().mask();
+    setEntryMask({mask, desktop().locale.decimalPoint, RADecFormat::closingMark(mask)});
     setPlaceholderText(toQString(control().cueText()));
     const QString shown = toQString(control().text());
     // Setting an equal text again would move the caret and clear the undo history.

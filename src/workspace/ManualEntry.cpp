@@ -45,7 +45,8 @@ bool MainWindow::raManual_Paste(TextField& /*sender*/, std::string_view text) {
 
 /// Puts a text that fits its mask into a field.
 void MainWindow::setMasked(TextField& field, std::string_view text) const {
-    const EntryMask mask(field.mask(), desktop_.locale.decimalPoint);
+    const EntryMask mask(field.mask(), desktop_.locale.decimalPoint,
+                         RADecFormat::closingMark(field.mask()));
     if (const auto entry = mask.replace({}, 0, 0, text))
         field.setText(entry->text);
 }

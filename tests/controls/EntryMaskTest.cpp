@@ -3,6 +3,8 @@
 #include "platform/Text.h"
 #include "support/Table.h"
 
+#include <map>
+
 namespace skyvert::entry_mask_test {
 
 /// Applies one change to a text in which "|" marks the caret or "[" and "]" enclose the selection;
@@ -28,8 +30,11 @@ std::string changed(const EntryMask& mask, std::string shown, std::string_view i
 }
 
 TEST(EntryMask, EachChangeIsCompletedOrRefusedAsAWhole) {
+    std::map<std::string, std::string> closingMarks{{R"(##\h##\m##\.999999)", "s"},
+                                                    {R"(##\h##\.999999)", "m"},
+                                                    {R"(&##\°##\'##\.999999)", "\""}};
     for (const auto& [mask, before, insertion, after] : table<4>("entry_mask"))
-        EXPECT_EQ(changed({mask, "."}, before, insertion), after)
+        EXPECT_EQ(changed({mask, ".", closingMarks[mask]}, before, insertion), after)
             << mask << ": " << before << " <- " << insertion;
     EXPECT_EQ(changed({R"(##\:##\:##.99999)", "٫"}, "|", "1:2:3.5"), "01:02:03٫5|");
     EXPECT_EQ(EntryMask(R"(##\ ##)", ".").replace("12", 9, 7, "3"), (EntryText{"12 3", 4}));

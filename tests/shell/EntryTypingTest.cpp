@@ -53,8 +53,9 @@ TEST(EntryTyping, EveryRenderedPositionCanBeTypedPastedAndMended) {
                     if (std::count(mask.begin(), mask.end(), '9') < std::max(variant / 2, 1))
                         continue;
                     ++masks;
+                    const EntryMask entry(mask, locale.decimalPoint, RADecFormat::closingMark(mask));
                     for (const double value : name == "RA" ? hours : degrees)
-                        expectTypable(EntryMask(mask, locale.decimalPoint), (format.*write)(value));
+                        expectTypable(entry, (format.*write)(value));
                 }
         }
     EXPECT_GE(masks, 3 * 2 * (12 * 6 + 12 * 7)) << "masks of 5 and of 6 decimals";
