@@ -2,7 +2,6 @@
 #include "notation/Messages.h"
 #include "notation/Notation.h"
 #include "notation/RADecFormat.h"
-#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -17,11 +16,7 @@ std::string_view checkFields(const Fields& fields) {
     const auto [first, minutes, seconds] = fields;
     if (0.0 > first || first > 90.0)
         return "Degrees must be between -90 and +90";
-    if (0.0 > minutes || minutes >= 60.0)
-        return kBadMinutes;
-    if (0.0 > seconds || seconds >= 60.0)
-        return kBadSeconds;
-    return {};
+    return checkMinutesAndSeconds(minutes, seconds);
 }
 
 } // namespace
@@ -42,15 +37,8 @@ std::string RADecFormat::ExportDec(double degrees) const {
 }
 
 double RADecFormat::ImportDec(std::string_view text, std::string_view& error) const {
-    error = {};
-    if (isBlank(text)) {
-        error = kNoData;
-        return 0.0;
-    }
-    if (decNotation_ == nullptr) {
-        error = kBadFormat;
-        return kValueOfBadFormat;
-    }
+    if (const auto value = valueWithoutFields(text, decNotation_, error))
+        return *value;
     const bool negative = text.front() == '-';
     if (negative || text.front() == '+')
         text.remove_prefix(1);

@@ -2,7 +2,6 @@
 #include "notation/Messages.h"
 #include "notation/Notation.h"
 #include "notation/RADecFormat.h"
-#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -18,11 +17,7 @@ std::string_view checkFields(const Fields& fields, bool inDegrees) {
     if (0.0 > first || first >= 24.0)
         return inDegrees ? "Degrees must be non-negative and less than 360"
                          : "Hours must be non-negative and less than 24";
-    if (0.0 > minutes || minutes >= 60.0)
-        return kBadMinutes;
-    if (0.0 > seconds || seconds >= 60.0)
-        return kBadSeconds;
-    return {};
+    return checkMinutesAndSeconds(minutes, seconds);
 }
 
 } // namespace
@@ -40,15 +35,8 @@ std::string RADecFormat::ExportRA(double hours) const {
 }
 
 double RADecFormat::ImportRA(std::string_view text, std::string_view& error) const {
-    error = {};
-    if (isBlank(text)) {
-        error = kNoData;
-        return 0.0;
-    }
-    if (raNotation_ == nullptr) {
-        error = kBadFormat;
-        return kValueOfBadFormat;
-    }
+    if (const auto value = valueWithoutFields(text, raNotation_, error))
+        return *value;
     const bool inDegrees = raNotation_->inDegrees;
     Fields fields = cutFields(text, *raNotation_, *this);
     auto& [first, minutes, seconds] = fields;
