@@ -40,13 +40,7 @@ std::size_t utf8Length(std::string_view text) {
 }
 
 char32_t codePoint(std::string_view character) {
-    const auto lead = static_cast<unsigned char>(character[0]);
-    if (character.size() == 1)
-        return lead;
-    char32_t point = lead & (0x7FU >> character.size());
-    for (const char byte : character.substr(1))
-        point = point << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
-    return point;
+    return utf8::unchecked::peek_next(character.data());
 }
 
 char32_t fromWindows1252(unsigned char byte) {
