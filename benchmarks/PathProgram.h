@@ -8,8 +8,8 @@
 #include <iostream>
 #include <string>
 
-// What the benchmarks of whole paths share: a user who is always quick, and how to look at the
-// clock and the memory.
+// Shared by the benchmarks of whole paths: dialogs that answer at once, and functions that measure
+// time and memory.
 namespace skyvert {
 
 class FixedDialogs : public Dialogs {

@@ -11,7 +11,7 @@
 namespace skyvert {
 namespace {
 
-constexpr std::size_t kPositions = 4096; // more than a branch predictor learns by heart
+constexpr std::size_t kPositions = 4096; // more than a branch predictor memorises
 
 /// Positions spread evenly over the sky, the same in every run.
 std::vector<Pair> positions() {

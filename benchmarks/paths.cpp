@@ -19,8 +19,8 @@ namespace {
 
 double syncNanoseconds = 0;
 
-/// Holds back what is due until it is asked for it.
-class PatientScheduler : public Scheduler {
+/// Runs scheduled calls only when `runAll` is called.
+class ManualScheduler : public Scheduler {
 public:
     std::unique_ptr<Alarm> after(std::chrono::milliseconds /*delay*/,
                                  std::function<void()> due) override {
@@ -48,7 +48,7 @@ struct Program {
 
     Locale locale;
     SystemClock clock;
-    PatientScheduler scheduler;
+    ManualScheduler scheduler;
     FixedDialogs dialogs;
     NoProgress progress;
     Desktop desktop{locale, clock, scheduler, dialogs, progress};

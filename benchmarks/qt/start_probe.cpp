@@ -26,7 +26,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override {
         painted_ = painted_ || (event->type() == QEvent::Paint && showsRows(*watched));
         if (painted_ && QGuiApplication::focusWindow() != nullptr)
-            QTimer::singleShot(0, this, [] { tellAndEnd(); }); // after what is going on now
+            QTimer::singleShot(0, this, [] { printTimeAndExit(); }); // after what is going on now
         return false;
     }
 
@@ -38,7 +38,7 @@ private:
         return view != nullptr && view->model()->rowCount() >= rows_;
     }
 
-    [[noreturn]] static void tellAndEnd() {
+    [[noreturn]] static void printTimeAndExit() {
         const std::chrono::duration<double> now =
             std::chrono::steady_clock::now().time_since_epoch();
         std::printf("%.6f clock-s\n", now.count());

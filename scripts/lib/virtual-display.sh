@@ -1,7 +1,4 @@
-# shellcheck shell=bash
-# Starts a display without a screen, with a window manager, and takes pictures of its windows.
-# Needs lib/common.sh and the package group `display`. The display ends with the script that
-# started it, however that script ends.
+# Starts a virtual display with a window manager, and takes pictures of its windows.
 
 virtual_display_folder=
 virtual_display_pids=()

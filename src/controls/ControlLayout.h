@@ -7,7 +7,7 @@ namespace skyvert {
 class ContainerControl;
 class GroupBox;
 
-/// The sides of the window to which a control keeps its distance as the window changes size.
+/// The edges of the window from which a control keeps its distance when the window is resized.
 enum Lock : unsigned { kLockLeft = 1, kLockTop = 2, kLockRight = 4, kLockBottom = 8 };
 
 inline constexpr unsigned kLockTopLeft = kLockLeft | kLockTop;
@@ -15,8 +15,8 @@ inline constexpr unsigned kLockBottomLeft = kLockLeft | kLockBottom;
 inline constexpr unsigned kLockAcross = kLockLeft | kLockTop | kLockRight;
 inline constexpr unsigned kLockAll = kLockLeft | kLockTop | kLockRight | kLockBottom;
 
-/// What a control is called and where it stands. Lengths are in points, with the origin at the top
-/// left of the window or of the composite.
+/// The name and position of a control. Lengths are in points, from the top left of the window or of
+/// the composite.
 struct ControlLayout {
     std::string_view name;
     int left = 0;

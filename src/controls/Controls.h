@@ -14,26 +14,25 @@
 
 namespace skyvert {
 
-/// What shows a control on a screen. A control works the same without one.
+/// Shows a control on the screen. A control works the same without a view.
 class ControlView {
 public:
     virtual ~ControlView() = default;
 
-    /// The control's state has changed. The view pulls the present state, never a captured one.
+    /// Called after a change of the control. The view must read the current state each time.
     virtual void refresh() = 0;
 
     /// Moves the keyboard focus to the control.
     virtual void takeFocus() {}
 };
 
-/// The state and the events of one control, without a window.
+/// The state and the events of one control, independent of any widget.
 ///
-/// A setter compares, returns if equal, stores, refreshes the view and then runs the event, all
-/// inside the assignment. An event is a `std::function`; an empty one is an event that nobody
-/// handles.
+/// A setter does nothing if the value is equal; otherwise it stores it, refreshes the view and runs
+/// the event before it returns. An event is a `std::function`; an empty one has no handler.
 class Control {
 public:
-    /// Joins the children of the owner that `place` names.
+    /// Adds itself to the children of `place.owner`, if there is one.
     explicit Control(const Place& place);
 
     virtual ~Control() = default;
@@ -66,7 +65,7 @@ public:
     /// Attaches the view, or detaches it with a null pointer. The caller owns the view.
     void setView(ControlView* view);
 
-    /// Runs the events of opening and closing, those of children first.
+    /// Run `Open` or `Close`, those of children first.
     virtual void open();
     virtual void close();
 
@@ -74,13 +73,13 @@ public:
     std::function<void()> Close;
 
 protected:
-    /// Runs the event of closing, if somebody handles it.
+    /// Runs `Close` if it has a handler.
     void raiseClose() const {
         if (Close)
             Close();
     }
 
-    /// Stores a value and refreshes the view. Returns false when the value stood there before.
+    /// Stores a value and refreshes the view. Returns false if the value has not changed.
     template <typename Field, typename Value>
     bool assign(Field& field, const Value& value) {
         if (field == value)
@@ -102,7 +101,7 @@ private:
     ControlView* view_ = nullptr;
 };
 
-/// A text that the user reads.
+/// A read-only text.
 class Label : public Control {
 public:
     explicit Label(const Place& place) : Control(place), text_(place.layout.text) {}
@@ -135,7 +134,7 @@ public:
 
     const std::string& caption() const { return caption_; }
 
-    /// Whether Return presses the button from anywhere where it has no other use.
+    /// Whether Return presses the button if the focused control does not handle it.
     bool isDefault() const { return default_; }
 
     void setDefault(bool isDefault) { assign(default_, isDefault); }
@@ -185,8 +184,8 @@ public:
 
     void setText(std::string_view text);
 
-    /// The entry mask that guides typing, see `EntryMask`; empty for free text. Setting it leaves
-    /// the text that stands.
+    /// The entry mask that guides typing, see `EntryMask`; empty for free text. Setting it does not
+    /// change the text.
     const std::string& mask() const { return mask_; }
 
     void setMask(std::string_view mask) { assign(mask_, mask); }
@@ -200,8 +199,8 @@ public:
 
     void setTextColor(Color color) { assign(textColor_, color); }
 
-    /// Offers the owner a text that is about to be pasted. Returned: whether the owner has put it
-    /// where it belongs.
+    /// Passes a text to the `Paste` handler before it is pasted. Returns whether that has handled
+    /// it.
     bool paste(std::string_view text) { return Paste && Paste(*this, text); }
 
     std::function<void(TextField&)> TextChange;
@@ -214,7 +213,7 @@ private:
     Color textColor_ = kBlack;
 };
 
-/// A list of rows of which one or none is selected.
+/// A popup menu with at most one selected row.
 class PopupMenu : public Control {
 public:
     using Control::Control;
@@ -235,7 +234,7 @@ public:
 
     void AddRow(std::string_view text);
 
-    /// Removes all rows and with them the selection.
+    /// Removes all rows and clears the selection.
     void DeleteAllRows();
 
     std::function<void(PopupMenu&)> Change;
@@ -245,15 +244,15 @@ private:
     std::int64_t listIndex_ = -1;
 };
 
-/// A field that holds a calendar day at all times.
+/// A field that always has a date.
 class DateControl : public Control {
 public:
     using Control::Control;
 
     const Date& dateValue() const { return date_; }
 
-    /// Sets the date; days are compared, not the time of day. A hidden control keeps the date for
-    /// later and tells nobody: what it holds is in force only while it is seen.
+    /// Sets the date. A date on the same day changes nothing. While the control is hidden, it
+    /// stores the date without running `ValueChanged`: a hidden date has no effect.
     void setDateValue(const Date& date);
 
     std::function<void(DateControl&)> ValueChanged;
@@ -281,8 +280,8 @@ protected:
         return {layout, this, &group};
     }
 
-    /// Makes a member function of the derived class the handler of an event. A handler that takes
-    /// no arguments suits every event.
+    /// Makes a member function of the derived class the handler of an event. A handler may omit all
+    /// parameters.
     template <typename Result, typename... Arguments, typename Owner, typename Handler>
     void wire(std::function<Result(Arguments...)>& event, Handler Owner::*handler) {
         event = [owner = static_cast<Owner*>(this), handler](Arguments... arguments) -> Result {

@@ -8,7 +8,7 @@ namespace skyvert {
 namespace {
 
 /// Reports that memory has run out. The text needs no memory, but the message box may.
-void tellOfMemory(Dialogs& dialogs) {
+void reportOutOfMemory(Dialogs& dialogs) {
     try {
         dialogs.MsgBox("There is not enough memory to finish this.");
     } catch (const std::bad_alloc&) {
@@ -22,7 +22,7 @@ void dispatch(Dialogs& dialogs, const std::function<void()>& handler) {
     try {
         handler();
     } catch (const std::bad_alloc&) {
-        tellOfMemory(dialogs);
+        reportOutOfMemory(dialogs);
     } catch (const std::exception& error) {
         dialogs.ErrorBox(error.what());
     }

@@ -126,12 +126,12 @@ public:
     }
 
     /// Types the text before and the text after the caret. Returns false if they do not fit.
-    bool typeAround(const Characters& characters, const Characters& behindCaret) {
+    bool typeAround(const Characters& characters, const Characters& afterCaret) {
         if (!typeAll(characters))
             return false;
         const std::size_t caretField = field_;
         const std::size_t caretOffset = offset_;
-        const bool fits = typeAll(behindCaret);
+        const bool fits = typeAll(afterCaret);
         field_ = caretField;
         offset_ = caretOffset;
         return fits;

@@ -23,7 +23,7 @@ void Listbox::DeleteAllRows() {
 }
 
 std::string_view Listbox::Cell(std::int64_t row, std::int64_t column) const {
-    // A negative index turns into one far behind the end.
+    // As an unsigned number, a negative index is far beyond the end.
     return rows_.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
 }
 

@@ -26,10 +26,10 @@ struct RowRange {
     friend bool operator==(const RowRange&, const RowRange&) = default;
 };
 
-/// A table of text cells with headings, of which any rows can be selected.
+/// A table of text cells with headings; any number of rows can be selected.
 ///
-/// Adding a row and selecting it costs the same however many rows there are. A view must not do
-/// its work in `refresh` but once, when the event loop turns.
+/// Adding and selecting a row takes constant time. So `refresh` of a view must leave the update to
+/// the next turn of the event loop, except after a deletion.
 class Listbox : public Control {
 public:
     using Control::Control;
@@ -74,14 +74,13 @@ public:
     /// The selected rows as text: cells joined by tabs, every row ended by LF.
     std::string selectedText() const;
 
-    /// Paints what stands behind a cell's text. True from the handler means that it has painted
-    /// all and no other background is wanted.
+    /// Paints the background of a cell. Returns true if no other background must be painted.
     bool paintCellBackground(Graphics& graphics, std::int64_t row, std::int64_t column) const;
 
     std::function<bool(Graphics&, std::int64_t row, std::int64_t column)> CellBackgroundPaint;
 
-    /// Counts the times that rows were deleted, so that a view can tell a list that grew from one
-    /// that was emptied and filled again.
+    /// The number of deletions so far. Lets a view distinguish a list that has grown from one that
+    /// was emptied and filled again.
     std::uint64_t generation() const { return generation_; }
 
 private:

@@ -32,8 +32,8 @@ public:
 
     bool isClosed() const { return closed_; }
 
-    /// Runs the close handlers of the controls and then the window's own, once. An exception in
-    /// one of them keeps none of the others from running; the first is thrown at the end.
+    /// Runs the close handlers of the controls and then the window's own, once. An exception does
+    /// not stop the others; the first one is rethrown at the end.
     void close() override;
 
 protected:

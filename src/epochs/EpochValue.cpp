@@ -51,7 +51,7 @@ std::int64_t storedRow(const JsonObject& stored) {
     const auto isDefault = [](const Preset& preset) { return preset.name == kDefaultPreset; };
     const std::int64_t row = stored.integer(kPopupMember).value_or(presetRow(isDefault, -1));
     if (row < -1 || row > kOtherRow)
-        throw std::invalid_argument("the stored epoch names no row");
+        throw std::invalid_argument("the row of the stored epoch does not exist");
     return row;
 }
 

@@ -93,8 +93,8 @@ char RADecFormat::shortPoint() const {
     if (!localised_)
         return '.';
     const std::string& point = locale_.decimalPoint;
-    const bool serves = (point == "." || point == ",") && point != locale_.groupSeparator;
-    return serves ? point.front() : '\0';
+    const bool isSupported = (point == "." || point == ",") && point != locale_.groupSeparator;
+    return isSupported ? point.front() : '\0';
 }
 
 double RADecFormat::StrToDbl(std::string_view text) const {

@@ -116,8 +116,8 @@ private:
             read_.unit = unit;
         if (unit != '\0' && unit != ':')
             takeDecimals();
-        const bool isBlankBehind = skipBlanks();
-        return unit != '\0' || isBlankBefore || isBlankBehind;
+        const bool isBlankAfter = skipBlanks();
+        return unit != '\0' || isBlankBefore || isBlankAfter;
     }
 
     void takeDecimals() {

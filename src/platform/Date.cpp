@@ -133,7 +133,7 @@ std::string Date::SQLDateTime() const {
 void Date::setSQLDate(std::string_view text) {
     const auto date = text.size() == 10 ? fromSQL(text) : std::nullopt;
     if (!date || date->year < 1)
-        throw std::invalid_argument("\"" + std::string(text) + "\" is no date");
+        throw std::invalid_argument("\"" + std::string(text) + "\" is not a date");
     year = date->year;
     month = date->month;
     day = date->day;

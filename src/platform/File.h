@@ -52,7 +52,7 @@ public:
     bool lock();
 
     /// Copies the owner, permissions and extended attributes of another file, as far as the system
-    /// allows. Nobody gains access who has none to the other file.
+    /// allows. Never grants access that the other file denies.
     void takeAfter(const File& other);
 
     /// Reads at most `count` bytes. Returns the number read, 0 at the end, negative on failure.

@@ -46,7 +46,7 @@ fs::path linkTarget(const fs::path& file) {
     return target;
 }
 
-bool keepsNewFilesOut(int errorNumber) {
+bool isNewFileForbidden(int errorNumber) {
     return errorNumber == EACCES || errorNumber == EPERM || errorNumber == EROFS;
 }
 

@@ -26,7 +26,7 @@ std::filesystem::path linkTarget(const std::filesystem::path& file);
 
 /// Whether `errorNumber` says that new files are not permitted, as opposed to a full disk or a
 /// fault.
-bool keepsNewFilesOut(int errorNumber);
+bool isNewFileForbidden(int errorNumber);
 
 /// The whole content of a regular file, links followed; nothing if it cannot be opened or read or
 /// is of another kind.

@@ -26,7 +26,7 @@ bool isInteger(const Json& value) {
 JsonObject JsonObject::parse(std::string_view text) {
     const Json document = Json::parse(text, nullptr, /*allow_exceptions=*/false);
     if (!document.is_object())
-        throw std::invalid_argument("the text holds no JSON object");
+        throw std::invalid_argument("the text is not a JSON object");
     JsonObject object;
     for (const auto& [name, value] : document.items()) {
         Value& held = object.members_.emplace_back(name, Value()).second;

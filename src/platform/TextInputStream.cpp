@@ -137,7 +137,7 @@ std::size_t TextInputStream::findLineEnd() {
 }
 
 /// The offset after a line end, which may be CRLF.
-std::size_t TextInputStream::behindLineEnd(std::size_t end) const {
+std::size_t TextInputStream::afterLineEnd(std::size_t end) const {
     const bool pair = end + 1 < buffer_.size() && buffer_[end] == '\r' && buffer_[end + 1] == '\n';
     return std::min(end + (pair ? 2 : 1), buffer_.size());
 }
@@ -148,7 +148,7 @@ bool TextInputStream::skipPiece() {
     begin_ = findLineEnd();
     restUnread_ = !isLineEndKnown() && fill();
     if (!restUnread_)
-        begin_ = behindLineEnd(findLineEnd());
+        begin_ = afterLineEnd(findLineEnd());
     return true;
 }
 
@@ -161,7 +161,7 @@ std::string_view TextInputStream::ReadLine() {
     const std::size_t end = findLineEnd();
     const std::string_view line = std::string_view(buffer_).substr(begin_, end - begin_);
     restUnread_ = !isLineEndKnown() && !sourceEnded_ && stream_.isOpen();
-    begin_ = restUnread_ ? end : behindLineEnd(end);
+    begin_ = restUnread_ ? end : afterLineEnd(end);
     return decoded(bounded(line));
 }
 

@@ -54,7 +54,7 @@ private:
 
     bool isLineEndKnown() { return findLineEnd() + 1 < buffer_.size(); }
 
-    std::size_t behindLineEnd(std::size_t end) const;
+    std::size_t afterLineEnd(std::size_t end) const;
     std::string_view decoded(std::string_view line);
 
     std::filesystem::path file_;

@@ -30,7 +30,7 @@ TextOutputStream TextOutputStream::Create(const fs::path& file) {
     if (!old.regularSize() && (old.isOpen() || errno != ENOENT))
         throw FileError(file, "written", errno);
     ReplacementFile replacement(target, old);
-    if (!replacement.isOpen() && old.isOpen() && keepsNewFilesOut(errno))
+    if (!replacement.isOpen() && old.isOpen() && isNewFileForbidden(errno))
         throw FileError(file, "replaced", "its folder takes no new file");
     if (!replacement.isOpen())
         throw FileError(file, "created", errno);

@@ -49,7 +49,7 @@ QWidget* makeAnyView(Control& control, const Desktop& desktop, QWidget* parent) 
         if (QWidget* const widget = maker(control, desktop, parent))
             return widget;
     }
-    throw std::logic_error("nothing shows the control " + control.name());
+    throw std::logic_error("there is no view for the control " + control.name());
 }
 
 /// The offsets at which rows or columns begin, given the offsets of all controls.

@@ -103,10 +103,10 @@ DateControlView::DateControlView(DateControl& control, const Desktop& desktop, Q
     calendar->setText("Calendar");
     connect(calendar, &QAction::triggered, this, [this] { openCalendar(); });
     connect(this, &MaskedLineEdit::edited, this, [this] {
-        showWhether(true);
+        showValidity(true);
         // Without the focus, the text comes from assistive technology, and no focus will be lost.
         if (!hasFocus())
-            takeOver();
+            commitText();
     });
     control.setView(this);
 }
@@ -123,30 +123,30 @@ QSize DateControlView::minimumSizeHint() const {
 void DateControlView::mirror() {
     const std::string date = control().dateValue().SQLDate();
     if (date == mirrored_)
-        return showWhether(isDate_);
+        return showValidity(isDate_);
     mirrored_ = date;
     showControlsDate();
 }
 
 void DateControlView::showControlsDate() {
     setText(toQString(mirrored_));
-    showWhether(true);
+    showValidity(true);
 }
 
-void DateControlView::showWhether(bool isDate) {
+void DateControlView::showValidity(bool isDate) {
     isDate_ = isDate;
     setToolTip(isDate ? toQString(control().helpTag()) : QString(kReason));
     showVerdict(*this, isDate ? kBlack : kRed);
 }
 
-void DateControlView::takeOver() {
+void DateControlView::commitText() {
     const std::string typed = toUtf8(text());
     if (typed == mirrored_)
         return;
     if (const auto date = Date::fromTyped(typed))
         take(*date);
     else
-        showWhether(false);
+        showValidity(false);
 }
 
 void DateControlView::take(const Date& date) {
@@ -169,12 +169,12 @@ void DateControlView::keyPressEvent(QKeyEvent* event) {
         MaskedLineEdit::keyPressEvent(event);
 }
 
-/// Handles a key that a date defines. Returns false for any other key.
+/// Handles a key with a special meaning for dates. Returns false for any other key.
 bool DateControlView::handleKey(const QKeyEvent& event) {
     const QKeyCombination key = event.keyCombination();
     const int steps = stepsOf(event.key());
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
-        takeOver();
+        commitText();
     else if (event.key() == Qt::Key_Escape)
         showControlsDate();
     else if (key == QKeyCombination(Qt::Key_F4) || key == (Qt::ALT | Qt::Key_Down))
@@ -218,7 +218,7 @@ void DateControlView::mouseReleaseEvent(QMouseEvent* event) {
 void DateControlView::focusOutEvent(QFocusEvent* event) {
     MaskedLineEdit::focusOutEvent(event);
     if (!isBreak(event->reason()))
-        takeOver();
+        commitText();
 }
 
 void DateControlView::hideEvent(QHideEvent* event) {

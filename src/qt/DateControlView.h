@@ -31,12 +31,12 @@ protected:
 
 private:
     bool handleKey(const QKeyEvent& event);
-    void takeOver();
+    void commitText();
     void take(const Date& date);
     void step(int steps);
     void openCalendar();
     void showControlsDate();
-    void showWhether(bool isDate);
+    void showValidity(bool isDate);
 
     std::string mirrored_;          ///< the control's date when it was last mirrored
     bool isDate_ = true;            ///< the text is not shown as an error

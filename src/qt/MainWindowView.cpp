@@ -38,7 +38,7 @@ std::vector<std::filesystem::path> filesIn(const QMimeData& dragged) {
 }
 
 /// Wayland does not tell a program where its windows are.
-bool isPlaceTold() {
+bool isPositionKnown() {
     return !QGuiApplication::platformName().startsWith("wayland");
 }
 
@@ -149,9 +149,9 @@ void MainWindowView::reportPlace() {
     if (placing_)
         return;
     const SettingGuard guard(reporting_);
-    if (isPlaceTold() && place_.left() != before.left())
+    if (isPositionKnown() && place_.left() != before.left())
         window_.setLeft(place_.left());
-    if (isPlaceTold() && place_.top() != before.top())
+    if (isPositionKnown() && place_.top() != before.top())
         window_.setTop(place_.top());
     if (place_.height() != before.height())
         window_.setHeight(pane_->toPoints(height() - menuBarHeight()));

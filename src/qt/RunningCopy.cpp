@@ -90,7 +90,7 @@ std::string RunningCopy::explanation(Refusal refusal) const {
                "the file \"" +
                toUtf8(lock_.fileName()) + "\".";
     case Refusal::NoAnswer:
-        return "Skyvert is running already, but does not answer.";
+        return "Skyvert is already running but does not respond.";
     case Refusal::OtherCopyShown:
         break;
     }

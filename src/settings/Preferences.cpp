@@ -99,7 +99,7 @@ bool Preferences::isSafeToReplace(std::string_view text) const {
     ReplacementFile copy(copy_, old);
     std::error_code ignored;
     if (!copy.isOpen())
-        return keepsNewFilesOut(errno) && !fs::exists(copy_, ignored);
+        return isNewFileForbidden(errno) && !fs::exists(copy_, ignored);
     return copy.write(text) && !copy.commit();
 }
 

@@ -118,7 +118,7 @@ private:
         flushText();
         if (++depth_ > kMaxXmlDepth)
             malformed("nested too deeply");
-        // Not those that a document type adds as defaults.
+        // Without the defaults that a document type adds.
         const int count = XML_GetSpecifiedAttributeCount(parser_.get());
         handler_.openElement(name, {attributes, static_cast<std::size_t>(count)});
     }
@@ -154,7 +154,7 @@ private:
 
     void declaration(const char* version, const char* encoding, int /*standalone*/) const {
         if (version != nullptr && !isXmlVersion(version))
-            malformed("no version of XML");
+            malformed("not a version of XML");
         if (hasUtf8Mark_ && encoding != nullptr && !equalsIgnoringCase(encoding, "UTF-8"))
             malformed("a declared encoding other than that of the byte order mark");
     }

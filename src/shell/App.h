@@ -11,7 +11,7 @@
 
 namespace skyvert {
 
-/// The program's version, as the system shows it.
+/// The version of the program, in parts and as text.
 struct VersionData {
     int MajorVersion;
     int MinorVersion;
@@ -22,7 +22,8 @@ struct VersionData {
 };
 
 /// The application object: owns the menu bar, and the settings from its open event to its close
-/// event. The open event comes before the window exists, the close event after it has closed.
+/// event. The open event is raised before the window is created, the close event after it has
+/// closed.
 class App {
 public:
     /// `desktop` is the machine that the program runs on; it must outlive the application.
@@ -47,15 +48,15 @@ public:
 
     const Desktop& desktop() const { return desktop_; }
 
-    /// The version that the build was given.
+    /// The version set by the build.
     static VersionData version();
 
     const MainMenuBar& menuBar() const { return menuBar_; }
 
-    /// Ends the event loop with an exit code, once the present handler has run to its end.
+    /// Ends the event loop with an exit code after the current handler has returned.
     void Quit(int code) const;
 
-    /// What ends the event loop.
+    /// Ends the event loop; called by `Quit`.
     std::function<void(int code)> onQuit;
 
 private:

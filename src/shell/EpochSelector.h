@@ -9,7 +9,7 @@
 
 namespace skyvert {
 
-/// The composite control that picks one epoch: a popup of presets and, under its row "Other", a
+/// The composite control that selects one epoch: a popup of presets and, for the row "Other", a
 /// date. `EpochValue` decides what a choice means; this class shows it.
 class EpochSelector : public ContainerControl, private EpochView {
 public:
@@ -36,7 +36,7 @@ public:
 
     std::string serialised() const { return value_.serialised(); }
 
-    /// Throws `std::invalid_argument` for a text that is no stored epoch.
+    /// Throws `std::invalid_argument` if the text is not a stored epoch.
     void setSerialised(std::string_view text) { value_.setSerialised(text); }
 
     /// Refreshes the tooltip of the popup.

@@ -6,7 +6,7 @@
 
 namespace skyvert::FileTypes {
 
-/// Any file whatever, for the open dialog of the import.
+/// All files, for the open dialog of the import.
 inline constexpr FileType Any{.Name = "special/any",
                               .Extensions = "",
                               .MacType = "????",

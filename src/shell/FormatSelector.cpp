@@ -4,8 +4,6 @@
 #include "platform/SettingGuard.h"
 #include "platform/Text.h"
 
-#include <array>
-
 namespace skyvert {
 
 namespace {
@@ -20,7 +18,7 @@ void addDecimalRows(Popup& popup) {
     popup.setListIndex(0);
 }
 
-/// Puts the rows of a catalogue in place of the popup's own and selects none of them.
+/// Replaces the rows of a popup with a catalogue and selects none.
 void fill(Popup& popup, const std::vector<std::string>& catalogue) {
     popup.DeleteAllRows();
     for (const std::string& notation : catalogue)
@@ -83,7 +81,7 @@ void FormatSelector::DoExample() {
     exampleDec.setText(shown.ExportDec(kExampleDegrees));
 }
 
-/// What every change of a popup and of the check box runs, by the user or by code.
+/// Runs after each change of a popup or the check box, by the user or by code.
 void FormatSelector::controlChanged() {
     read_.reset();
     if (!setting_ && FormatChanged)

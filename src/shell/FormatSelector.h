@@ -21,14 +21,14 @@ public:
 
     void setTitle(std::string_view title) { gbox.setCaption(title); }
 
-    /// A record of what the controls say, valid until one of them changes: whoever keeps it takes a
-    /// copy. A notation or a number that no row shows reads as the empty text or as 0.
+    /// The selected format, valid until a control changes; copy it to keep it longer. If no row is
+    /// selected, a notation is the empty text and a number of decimals is 0.
     const RADecFormat& format() const;
 
-    /// Moves the controls to a record; raises no `FormatChanged`.
+    /// Sets the controls to a format. Does not raise `FormatChanged`.
     void setFormat(const RADecFormat& format);
 
-    /// The same for the text form of a record.
+    /// The same from a format's text form.
     void setFormat(std::string_view text) { setFormat(RADecFormat(text, locale_)); }
 
     /// Whether one of the selected notations holds a blank.
@@ -37,11 +37,11 @@ public:
     /// Refreshes the two example labels.
     void DoExample();
 
-    /// Fills the popups, lets the owner assign `format`, then shows the examples.
+    /// Fills the popups, runs the owner's `Open`, which may set the format, then shows the
+    /// examples.
     void open() override;
 
-    /// Runs for each change of a choice, but for those that `setFormat` makes, before the examples
-    /// follow.
+    /// Runs after each change of a control, except by `setFormat`, before the examples are updated.
     std::function<void(FormatSelector&, const RADecFormat&)> FormatChanged;
 
     // clang-format off
@@ -71,8 +71,8 @@ private:
 
     const Locale& locale_;
     bool setting_ = false;
-    /// What `readControls` gave, until a control changes: a long import asks for it at every row.
-    /// Whether `localised` is enabled is settled once, at the opening.
+    /// The cached result of `readControls`, reset by each change of a control: an import reads it
+    /// for every row. `localised` is enabled or disabled only in `open`, so that does not reset it.
     mutable std::optional<RADecFormat> read_;
 };
 

@@ -6,7 +6,7 @@
 
 namespace skyvert {
 
-/// What choosing a menu item does; all of it is the desktop's standard behaviour.
+/// The standard command of a menu item.
 enum class MenuCommand { None, Quit, Undo, Cut, Copy, Paste, Delete, SelectAll };
 
 /// One row of the menu table.
@@ -20,7 +20,7 @@ struct MenuItem {
     bool isSeparator() const { return Text == "-"; }
 };
 
-/// The menu bar: a File menu that quits and an Edit menu that acts on the focused control.
+/// The menu bar: a File menu with Quit, and an Edit menu for the focused text field or the list.
 class MainMenuBar {
 public:
     MainMenuBar();

@@ -10,8 +10,8 @@
 
 namespace skyvert {
 
-/// The main window as it is described: its controls in the order of their creation, where each
-/// stands, and their first state. `workspace/MainWindow` gives them life.
+/// The layout of the main window: its controls in order of creation, their positions and their
+/// initial state. `workspace/MainWindow` adds the handlers.
 class MainWindowForm : public Window {
 protected:
     /// `desktop` must outlive the window. `OpenTimer` starts to run.

@@ -12,7 +12,7 @@ public:
     /// The text of the selected row; empty while no row is selected.
     std::string_view value() const;
 
-    /// Selects the first row with this text, ignoring letter case; no row when none has it.
+    /// Selects the first row with this text, ignoring case; clears the selection if there is none.
     void setValue(std::string_view text);
 };
 

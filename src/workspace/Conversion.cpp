@@ -11,10 +11,10 @@ constexpr Color kStripe{0xEFEFEF};
 
 enum Side : std::size_t { kInput, kOutput };
 
-/// A column of the list: its heading, and what its cells are made of.
+/// A column of the list: its heading and the source of its cells.
 struct Column {
     std::string_view heading;
-    Side side; ///< whose epoch stands in the heading, whose format and position in the cell
+    Side side; ///< selects the epoch of the heading, and the format and position of the cells
     double Pair::*coordinate;
     char* (RADecFormat::*write)(double value, char* text) const;
 };
@@ -30,7 +30,7 @@ constexpr std::array<Column, 4> kColumns{{
 
 void MainWindow::ConvertCoordinates(std::string_view ra, std::string_view dec) {
     const std::array<const RADecFormat*, 2> formats{&inFormat.format(), &outFormat.format()};
-    // Never read: what does not parse goes on as the number that the parser fell back on.
+    // Ignored: for a text that does not parse, the parser returns a fallback value.
     std::string_view error;
     const double raValue = formats[kInput]->ImportRA(ra, error);
     const double decValue = formats[kInput]->ImportDec(dec, error);
@@ -51,8 +51,8 @@ void MainWindow::ConvertCoordinates(std::string_view ra, std::string_view dec) {
     ClearListButton.setEnabled(true);
 }
 
-/// The precession between the two epochs as they stand now. Its angles are worked out again only
-/// when an epoch is another than at the last row.
+/// The precession between the current epochs. Recomputed only if one of them has changed since the
+/// last row.
 const Precession& MainWindow::precession() {
     const EpochPair epochs{fromEpoch.epochJulian(), toEpoch.epochJulian()};
     if (!precession_ || epochs != precessionEpochs_) {
@@ -69,7 +69,7 @@ void MainWindow::showColumns() {
     list.setColumns(std::move(headings));
 }
 
-/// Brings the headings in line with the two epochs, and `ClearListButton` with the list.
+/// Updates the years in the headings, and enables `ClearListButton` if the list has rows.
 void MainWindow::EpochChange() {
     const std::array<double, 2> years{fromEpoch.epochYear(), toEpoch.epochYear()};
     for (std::size_t i = 0; i < kColumns.size(); ++i) {
@@ -89,11 +89,11 @@ void MainWindow::toEpoch_ValueChanged() {
 }
 
 void MainWindow::inFormat_FormatChanged() {
-    armFormatChange();
+    scheduleFormatChange();
 }
 
-/// Has `FormatChangeTimer` bring masks and hints in line, once, when the event loop turns.
-void MainWindow::armFormatChange() {
+/// Starts `FormatChangeTimer`, which updates masks and hints once for several changes.
+void MainWindow::scheduleFormatChange() {
     FormatChangeTimer.setMode(Timer::Mode::Single);
 }
 

@@ -63,8 +63,8 @@ const Dialect* dialectNamed(std::string_view name) {
 }
 
 std::span<const std::string> CommaSeparatedText::SplitCommaSeparated(std::string_view line) {
-    // Deliberately blind to letter case: a line that differs from the last one in nothing else
-    // yields the last one's fields.
+    // Ignores case on purpose: a line that differs from the last one only in case yields the fields
+    // of the last one.
     if (!equalsIgnoringCase(line, nCommaLast_)) {
         count_ = 0;
         std::string_view rest = Trim(line);
@@ -75,7 +75,7 @@ std::span<const std::string> CommaSeparatedText::SplitCommaSeparated(std::string
     return std::span<const std::string>(nComma_).first(count_);
 }
 
-/// The next field to fill: one of an earlier line where there is one, for its room.
+/// Adds an empty field; reuses the memory of an earlier line's field if there is one.
 std::string& CommaSeparatedText::addField() {
     if (count_ == nComma_.size())
         nComma_.emplace_back();
@@ -84,7 +84,7 @@ std::string& CommaSeparatedText::addField() {
     return field;
 }
 
-/// Reads a field from behind its opening quote; returns what stands behind the field.
+/// Reads a field after its opening quote. Returns the text after the field and its comma.
 std::string_view CommaSeparatedText::scanQuoted(std::string_view rest) {
     std::string& field = addField();
     for (;;) {
@@ -102,21 +102,21 @@ std::string_view CommaSeparatedText::scanQuoted(std::string_view rest) {
     return rest.starts_with(kComma) ? Trim(rest.substr(1)) : rest;
 }
 
-/// Reads a field up to the next comma; returns what stands behind the field.
+/// Reads a field up to the next comma. Returns the text after that comma.
 std::string_view CommaSeparatedText::scanPlain(std::string_view rest) {
     const std::size_t comma = rest.find(kComma);
     addField() = Trim(rest.substr(0, comma));
     return comma == std::string_view::npos ? std::string_view() : Trim(rest.substr(comma + 1));
 }
 
-/// The line with every two blanks replaced by one. One pass only: three blanks leave two, and
-/// between them an empty field.
-std::string_view LineSplitter::withBlanksHalved(std::string_view line) {
+/// The line with each pair of blanks replaced by one, in a single pass: three blanks become two,
+/// with an empty field between them.
+std::string_view LineSplitter::withBlankPairsReplaced(std::string_view line) {
     constexpr std::string_view kTwoBlanks = "  ";
     if (line.find(kTwoBlanks) == std::string_view::npos)
         return line;
-    ReplaceAll(line, kTwoBlanks, " ", halved_);
-    return halved_;
+    ReplaceAll(line, kTwoBlanks, " ", replaced_);
+    return replaced_;
 }
 
 std::span<const std::string_view> LineSplitter::split(std::string_view line,
@@ -127,7 +127,7 @@ std::span<const std::string_view> LineSplitter::split(std::string_view line,
             fields_.emplace_back(field);
     } else {
         const bool byBlanks = dialect.separator == kSpace;
-        Split(byBlanks ? withBlanksHalved(line) : line, dialect.separator, fields_);
+        Split(byBlanks ? withBlankPairsReplaced(line) : line, dialect.separator, fields_);
     }
     return fields_;
 }

@@ -9,9 +9,9 @@ namespace skyvert {
 
 /// How the fields of a record are written in one line of a delimited text file.
 struct Dialect {
-    std::string_view name; ///< the row of the popups that choose a dialect
-    char separator;        ///< a blank: two of them separate like one
-    bool quoted = false;   ///< comma-separated text, in which fields may be quoted
+    std::string_view name; ///< as shown in the popups
+    char separator;        ///< two blanks count as one
+    bool quoted = false;   ///< whether fields may be quoted; only with commas
 };
 
 /// All dialects, in the order of the popups' rows.
@@ -20,16 +20,16 @@ std::span<const Dialect> dialects();
 /// The dialect with this name, ignoring letter case; null for any other text.
 const Dialect* dialectNamed(std::string_view name);
 
-/// Splits lines of comma-separated text. Keeps the fields of the last line, so that a line equal
-/// to the one before, ignoring letter case, is not scanned again, and so that the room of the
-/// fields is used again and again.
+/// Splits lines of comma-separated text. Keeps the fields of the last line, so that a line equal to
+/// it, ignoring case, is not scanned again, and so that the memory of the fields is reused.
 class CommaSeparatedText {
 public:
     /// The fields of a line, valid until the next call.
     ///
-    /// A field in double quotes may hold commas, blanks and doubled quotes. Any other field runs
-    /// to the next comma and is trimmed. Broken quoting is no error: a missing closing quote ends
-    /// the field with the line, and text behind a closing quote starts the next field.
+    /// A field in double quotes may contain commas, blanks and doubled quotes. Any other field
+    /// extends to the next comma and is trimmed. Incorrect quoting is not an error: a missing
+    /// closing quote ends the field with the line, and text after a closing quote starts the next
+    /// field.
     std::span<const std::string> SplitCommaSeparated(std::string_view line);
 
 private:
@@ -39,21 +39,21 @@ private:
 
     std::vector<std::string> nComma_; ///< the first `count_` are the fields of the last line
     std::size_t count_ = 0;
-    std::string nCommaLast_; ///< the last line as it came, not trimmed
+    std::string nCommaLast_; ///< the last line, not trimmed
 };
 
 /// Splits the lines of one file or of many. Allocates nothing for a line once its buffers have
 /// grown to the longest one.
 class LineSplitter {
 public:
-    /// The fields of a line, valid until the next call and as long as the line is.
+    /// The fields of a line, valid until the next call. They may be views of `line`.
     std::span<const std::string_view> split(std::string_view line, const Dialect& dialect);
 
 private:
-    std::string_view withBlanksHalved(std::string_view line);
+    std::string_view withBlankPairsReplaced(std::string_view line);
 
     std::vector<std::string_view> fields_;
-    std::string halved_;
+    std::string replaced_;
     CommaSeparatedText comma_;
 };
 

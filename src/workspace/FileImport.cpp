@@ -13,30 +13,31 @@ namespace skyvert {
 
 namespace {
 
-/// A line that holds no position: nothing but one blank field, or no field at all.
-bool holdsNothing(std::span<const std::string_view> fields) {
+/// Whether a line has no field, or only a single blank one.
+bool isEmptyLine(std::span<const std::string_view> fields) {
     return fields.empty() || (fields.size() == 1 && isBlank(fields[0]));
 }
 
-/// What went wrong with several files, to be told at once.
+/// Collects the errors of several files for a single message.
 class Failures {
 public:
     void add(std::string_view reason) {
-        if (++count_ <= kTold)
-            told_.append(told_.empty() ? "" : "\n").append(reason);
+        if (++count_ <= kMostShown)
+            shown_.append(shown_.empty() ? "" : "\n").append(reason);
     }
 
     /// Empty when nothing went wrong.
     std::string text() const {
-        return count_ <= kTold ? told_
-                               : told_ + "\nAnd " + std::to_string(count_ - kTold) + " more.";
+        return count_ <= kMostShown
+                   ? shown_
+                   : shown_ + "\nAnd " + std::to_string(count_ - kMostShown) + " more.";
     }
 
 private:
-    static constexpr std::size_t kTold = 5;
+    static constexpr std::size_t kMostShown = 5;
 
     std::size_t count_ = 0;
-    std::string told_;
+    std::string shown_;
 };
 
 } // namespace
@@ -60,17 +61,17 @@ void MainWindow::FilesDropped(std::span<const std::filesystem::path> files) {
         desktop_.dialogs.ErrorBox(failures);
 }
 
-/// Returns what went wrong, empty for nothing.
+/// Imports the files in order. Returns the error messages; empty if there were none.
 std::string MainWindow::importFiles(std::span<const std::filesystem::path> files) {
     Failures failures;
     RowWork work(desktop_.progress, "Importing", StoppedBy::User);
-    bool goesOn = true;
-    for (std::size_t index = 0; goesOn && index < files.size(); ++index) {
+    bool mayContinue = true;
+    for (std::size_t index = 0; mayContinue && index < files.size(); ++index) {
         const auto ofAll = [&](double fraction) {
             return (static_cast<double>(index) + fraction) / static_cast<double>(files.size());
         };
         try {
-            goesOn = importFile(files[index], work, ofAll);
+            mayContinue = importFile(files[index], work, ofAll);
         } catch (const FileError& error) {
             failures.add(error.what());
         }
@@ -78,36 +79,37 @@ std::string MainWindow::importFiles(std::span<const std::filesystem::path> files
     return failures.text();
 }
 
-/// Adds the positions in a file. `ofAll` makes the part that is done of the whole work out of the
-/// part that is done of the file. Returns false when the user has stopped it.
+/// Adds the positions in a file. `ofAll` converts the fraction of this file that has been read to
+/// the fraction of all files. Returns false if the import was stopped.
 bool MainWindow::importFile(const std::filesystem::path& file, RowWork& work,
                             const std::function<double(double)>& ofAll) {
     TextInputStream stream = TextInputStream::Open(file);
     const Dialect* const dialect = dialectNamed(fileFormat.value());
     const auto fraction = [&] { return ofAll(stream.fractionRead()); };
-    bool goesOn = true;
-    while (goesOn && !stream.endOfFile()) {
+    bool mayContinue = true;
+    while (mayContinue && !stream.endOfFile()) {
         const std::string_view line = stream.ReadLine();
         if (dialect != nullptr)
             importLine(line, *dialect);
-        goesOn = work.rowDone(fraction, line.size());
-        while (goesOn && stream.skipPiece())
-            goesOn = work.bytesDone(fraction, TextInputStream::kPieceSize);
+        mayContinue = work.rowDone(fraction, line.size());
+        while (mayContinue && stream.skipPiece())
+            mayContinue = work.bytesDone(fraction, TextInputStream::kPieceSize);
     }
     stream.Close();
-    return goesOn;
+    return mayContinue;
 }
 
 /// Adds the position in one line of a file; fields after the second are ignored.
 void MainWindow::importLine(std::string_view line, const Dialect& dialect) {
     const auto fields = lines_.split(line, dialect);
-    if (holdsNothing(fields))
+    if (isEmptyLine(fields))
         return;
     const std::string_view dec = fields.size() > 1 ? fields[1] : std::string_view();
     ConvertCoordinates(foldLookAlikes(fields[0], foldedRA_), foldLookAlikes(dec, foldedDec_));
 }
 
-/// Tells the user when a popup's dialect separates by the very blanks that the notations hold.
+/// Shows a message and returns true if the popup's dialect separates fields by blanks and a
+/// notation of the format contains blanks.
 bool MainWindow::refusesSpaces(const Popup& popup, const FormatSelector& format) {
     const Dialect* const dialect = dialectNamed(popup.value());
     if (dialect == nullptr || dialect->separator != ' ' || !format.ContainsSpaces())

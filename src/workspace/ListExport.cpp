@@ -11,30 +11,29 @@ void MainWindow::ExportListBtn_Action() {
         return;
     TextOutputStream stream = TextOutputStream::Create(*file);
     const Dialect* const dialect = dialectNamed(ListFormat.value());
-    // Without a dialect the file stays empty.
+    // If no dialect is selected, the file is empty.
     if (dialect != nullptr && !exportList(*dialect, stream))
-        return; // the stream leaves the old file in its place
+        return; // the stream is not closed, so the old file stays unchanged
     stream.Close();
     desktop_.dialogs.StartIn(file->parent_path());
 }
 
-/// Writes the headings, as row -1, and all rows, each as one line. Returns false when the user has
-/// stopped it.
+/// Writes the headings (row -1) and all rows, one line each. Returns false if it was stopped.
 bool MainWindow::exportList(const Dialect& dialect, TextOutputStream& stream) {
     RowWork work(desktop_.progress, "Exporting", StoppedBy::User);
     std::vector<std::string_view> fields(static_cast<std::size_t>(list.ColumnCount()));
     std::string line;
-    bool goesOn = true;
-    for (std::int64_t row = -1; goesOn && row < list.RowCount(); ++row) {
+    bool mayContinue = true;
+    for (std::int64_t row = -1; mayContinue && row < list.RowCount(); ++row) {
         for (std::int64_t column = 0; column < list.ColumnCount(); ++column)
             fields[static_cast<std::size_t>(column)] =
                 row < 0 ? list.Heading(column) : list.Cell(row, column);
         line.clear();
         appendRecord(fields, dialect, line);
         stream.WriteLine(line);
-        goesOn = work.rowDone([&] { return partOf(row, list.RowCount()); });
+        mayContinue = work.rowDone([&] { return partOf(row, list.RowCount()); });
     }
-    return goesOn;
+    return mayContinue;
 }
 
 } // namespace skyvert

@@ -19,7 +19,7 @@ MainWindow::MainWindow(App& app) : MainWindowForm(app.desktop()), app_(app) {
     wireHandlers();
 }
 
-/// Gives every control its handlers. What came before has run none of them.
+/// Connects the handlers. Changes made before this call do not run any of them.
 void MainWindow::wireHandlers() {
     wire(fromEpoch.ValueChanged, &MainWindow::fromEpoch_ValueChanged);
     wire(toEpoch.ValueChanged, &MainWindow::toEpoch_ValueChanged);

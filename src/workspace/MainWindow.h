@@ -16,24 +16,22 @@
 
 namespace skyvert {
 
-/// The one window: what happens when its controls are used.
+/// The main window: the handlers of its controls.
 ///
-/// All positions go through `ConvertCoordinates` into `list`, typed ones, imported ones and those
-/// that come back at the start. A row is four texts that never change: a change of an epoch or of
-/// a notation reaches rows added later, and no others.
+/// Typed, imported and restored positions all go through `ConvertCoordinates` into `list`. The
+/// texts of a row never change: a new epoch or notation affects only rows added later.
 class MainWindow : public MainWindowForm {
 public:
-    /// Creates all controls; `OpenTimer` starts to run. `app` must outlive the window.
+    /// Creates all controls and starts `OpenTimer`. `app` must outlive the window.
     explicit MainWindow(App& app);
 
     /// Parses a position in the input notation, precesses it from the input epoch to the output
-    /// epoch, and adds and selects its row. Text that does not parse still makes a row, of the
-    /// numbers that the parsers fall back on.
+    /// epoch, and adds and selects its row. A text that does not parse still makes a row, with the
+    /// fallback values of the parsers.
     void ConvertCoordinates(std::string_view ra, std::string_view dec);
 
-    /// Imports files one after another, as if each had been chosen in the dialog of
-    /// `FileImportBtn`. A file that cannot be read is reported and keeps none of the others out;
-    /// one that the user stops does.
+    /// Imports files in order. A file that cannot be read is reported, and the import continues
+    /// with the next; if the user stops it, the remaining files are not imported.
     void FilesDropped(std::span<const std::filesystem::path> files);
 
 private:
@@ -52,7 +50,7 @@ private:
     void fromEpoch_ValueChanged();
     void toEpoch_ValueChanged();
     void inFormat_FormatChanged();
-    void armFormatChange();
+    void scheduleFormatChange();
     void FormatChangeTimer_Action();
     bool list_CellBackgroundPaint(Graphics& graphics, std::int64_t row, std::int64_t column) const;
     const Precession& precession();
@@ -90,18 +88,18 @@ private:
     Preferences& prefs() const { return app_.prefs(); }
 
     std::int64_t storedRowCount() const;
-    void saveAllOrNothing();
+    void saveOrDiscard();
     void keepStates();
     template <typename Kept>
     void keep(Kept& control, std::string_view key, const Variant& byDefault,
               void (MainWindow::*restored)() = nullptr);
 
     App& app_;
-    bool restored_ = false; ///< whether all stored rows have come back
+    bool restored_ = false; ///< all stored rows have been restored
     LineSplitter lines_;
     std::optional<Precession> precession_;
     EpochPair precessionEpochs_; ///< what `precession_` was made for
-    // Room for texts, kept from row to row
+    // Buffers, reused for each row
     std::string foldedRA_;
     std::string foldedDec_;
 };

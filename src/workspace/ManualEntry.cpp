@@ -7,8 +7,7 @@ namespace skyvert {
 
 namespace {
 
-/// Shows a parser's verdict on a field's text: nothing for no error, else red text and the error
-/// as help tag.
+/// Shows a parser's error as red text and a help tag; without an error, black text and no help tag.
 void showVerdict(TextField& field, std::string_view error) {
     field.setTextColor(error.empty() ? kBlack : kRed);
     field.setHelpTag(error);
@@ -31,7 +30,7 @@ void MainWindow::raManual_TextChange() {
     CheckManualData();
 }
 
-/// Puts a pasted pair into both fields.
+/// Fills both fields from a pasted pair. Returns false for any other text, or without masks.
 bool MainWindow::raManual_Paste(TextField& /*sender*/, std::string_view text) {
     if (!DataEntryMask.value())
         return false;
@@ -43,7 +42,7 @@ bool MainWindow::raManual_Paste(TextField& /*sender*/, std::string_view text) {
     return true;
 }
 
-/// Puts a text that fits its mask into a field.
+/// Sets the text of a field if it fits the field's mask.
 void MainWindow::setMasked(TextField& field, std::string_view text) const {
     const EntryMask mask(field.mask(), desktop_.locale.decimalPoint,
                          RADecFormat::closingMark(field.mask()));
@@ -53,7 +52,7 @@ void MainWindow::setMasked(TextField& field, std::string_view text) const {
 
 void MainWindow::decManual_TextChange() {
     if (wantsSign(decManual)) {
-        // Runs this handler again, for the sign.
+        // Replaces the character; the assignment runs this handler again.
         decManual.setText("+");
         return;
     }
@@ -63,7 +62,7 @@ void MainWindow::decManual_TextChange() {
     CheckManualData();
 }
 
-/// Whether the first character typed stands where a signed notation under its mask has its sign.
+/// Whether the text is a single character other than a sign, under the mask of a signed notation.
 bool MainWindow::wantsSign(const TextField& field) const {
     return DataEntryMask.value() && field.cueText().starts_with('+') && Len(field.text()) == 1 &&
            field.text() != "-" && field.text() != "+";
@@ -87,7 +86,7 @@ void MainWindow::ManualEnterBtn_Action() {
 }
 
 void MainWindow::DataEntryMask_Action() {
-    armFormatChange();
+    scheduleFormatChange();
 }
 
 void MainWindow::ClearListButton_Action() {

@@ -15,11 +15,11 @@ constexpr std::string_view kRowCountKey = "nContents";
 constexpr std::string_view kRightAscensionKey = "Contents.RA.";
 constexpr std::string_view kDeclinationKey = "Contents.Dec.";
 
-/// How many rows the stored number may count beyond all entries of the settings. A row has two
-/// entries, and those that are missing read as 0.0.
+/// The most by which the stored number of rows may exceed the number of settings entries. Each row
+/// has two entries; missing ones read as 0.0.
 constexpr std::int64_t kMostMissingRows = 1000;
 
-/// The key of one stored cell: a prefix and the row's number. Keeps its room from row to row.
+/// The key of one stored cell: a prefix and the row's number. Reuses its memory for each row.
 class RowKey {
 public:
     explicit RowKey(std::string_view prefix) : text_(prefix), prefixLength_(prefix.size()) {}
@@ -35,7 +35,7 @@ private:
     std::size_t prefixLength_;
 };
 
-/// One length of the window's place: its key, and how it is read and assigned.
+/// One value of the window's geometry: its key, getter and setter.
 struct GeometryKey {
     std::string_view key;
     int (Window::*get)() const;
@@ -64,7 +64,7 @@ Variant stateOf(const CheckBox& box) {
     return box.value();
 }
 
-/// A stored text that is not an epoch counts as the empty one.
+/// An invalid stored epoch counts as the empty text, which selects the default.
 void restoreState(EpochSelector& selector, const Variant& state) {
     try {
         selector.setSerialised(state.stringValue());
@@ -85,7 +85,7 @@ void restoreState(CheckBox& box, const Variant& state) {
     box.setValue(state.booleanValue());
 }
 
-/// The number that a text starts with, without its decimals; the nearest that an `int` can hold.
+/// The number at the start of a text, truncated and clamped to the range of `int`.
 int toInt(std::string_view text) {
     constexpr std::int64_t kLowest = std::numeric_limits<int>::min();
     constexpr std::int64_t kHighest = std::numeric_limits<int>::max();
@@ -104,14 +104,14 @@ void MainWindow::Event_Close() {
     OpenTimer.setMode(Timer::Mode::Off);
     for (const auto& [key, get, set] : kGeometryKeys)
         prefs().setValue(key, std::to_string((this->*get)()));
-    // Stored rows that have not all come back stay as they are.
+    // If not all stored rows were restored, they stay stored unchanged.
     if (restored_)
-        saveAllOrNothing();
+        saveOrDiscard();
     app_.Quit(0);
 }
 
-/// A list of which only a part could be stored, for want of memory, must not replace the old one.
-void MainWindow::saveAllOrNothing() {
+/// Discards all changes if saving fails (out of memory): a partial list must not replace the old.
+void MainWindow::saveOrDiscard() {
     try {
         SaveContents();
     } catch (...) {
@@ -121,7 +121,7 @@ void MainWindow::saveAllOrNothing() {
     }
 }
 
-/// Hands the input cells of all rows to the settings.
+/// Stores the number of rows and their input cells in the settings.
 void MainWindow::SaveContents() {
     prefs().setValue(kRowCountKey, list.RowCount());
     RowKey raKey(kRightAscensionKey);
@@ -134,8 +134,8 @@ void MainWindow::SaveContents() {
     }
 }
 
-/// The number of rows to restore. A stored number that the settings cannot have been written with
-/// is damaged: then it is the number of rows up to the last one stored.
+/// The number of rows to restore: the stored number, or, if that is implausibly large, the number
+/// of rows up to the last one stored.
 std::int64_t MainWindow::storedRowCount() const {
     const std::int64_t entries = prefs().Count();
     std::int64_t count = prefs().Value(kRowCountKey, std::int64_t{0}).integerValue();
@@ -156,31 +156,31 @@ void MainWindow::OpenTimer_Action() {
     LoadContents();
 }
 
-/// Rebuilds the list: converts every stored row again, under the epochs and notations of now.
+/// Rebuilds the list: converts each stored row with the current epochs and notations.
 void MainWindow::LoadContents() {
     list.DeleteAllRows();
     const std::int64_t count = storedRowCount();
     RowKey raKey(kRightAscensionKey);
     RowKey decKey(kDeclinationKey);
     RowWork work(desktop_.progress, "Restoring", StoppedBy::ProgramEnd);
-    bool goesOn = true;
-    for (std::int64_t row = 0; goesOn && row < count; ++row) {
-        // In the order in which they were stored, which is the fastest to find them in.
+    bool mayContinue = true;
+    for (std::int64_t row = 0; mayContinue && row < count; ++row) {
+        // Lookups are fastest in the order in which the values were stored.
         const std::string ra = prefs().Value(raKey.of(row), 0.0).stringValue();
         const std::string dec = prefs().Value(decKey.of(row), 0.0).stringValue();
         ConvertCoordinates(ra, dec);
-        goesOn = work.rowDone([&] { return partOf(row, count); });
+        mayContinue = work.rowDone([&] { return partOf(row, count); });
     }
-    restored_ = goesOn;
+    restored_ = mayContinue;
     EpochChange();
 }
 
-/// What the controls keep between runs, and how: each reads its key when it opens and stores it
-/// when it closes.
+/// Connects the controls whose state is kept between runs: each is restored when it opens and
+/// stored when it closes.
 void MainWindow::keepStates() {
     keep(fromEpoch, "fromEpochA", "", &MainWindow::EpochChange);
     keep(toEpoch, "toEpochA", "", &MainWindow::EpochChange);
-    keep(inFormat, "inFormat", "HH MM\t+DD MM\tY\t1\t1", &MainWindow::armFormatChange);
+    keep(inFormat, "inFormat", "HH MM\t+DD MM\tY\t1\t1", &MainWindow::scheduleFormatChange);
     keep(outFormat, "outFormat", "HH MM SS\t+DD MM SS\tY\t1\t0");
     keep(fileFormat, fileFormat.name(), "Tab-separated");
     keep(ListFormat, ListFormat.name(), "Tab-separated");

@@ -129,7 +129,7 @@ class Person:
     def launches(self, locale="C.UTF-8"):
         kept = ("PATH", "DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR")
         environment = {name: os.environ[name] for name in kept}
-        # Now and then Qt leaks an event when the program ends.
+        # Sometimes Qt leaks an event when the program ends.
         environment |= {"ASAN_OPTIONS": "detect_leaks=0", "HOME": str(self.home),
                         "XDG_CONFIG_HOME": str(self.home / "config"), "LC_ALL": locale,
                         "QT_QPA_PLATFORM": "xcb", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}

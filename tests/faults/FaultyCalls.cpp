@@ -13,9 +13,10 @@ namespace {
 Fault fault{};
 int calls = 0;
 
-bool isDue(bool wantsRoom) {
+bool isDue(bool needsSpace) {
     ++calls;
-    return fault.call > 0 && (fault.lasts ? wantsRoom && calls >= fault.call : calls == fault.call);
+    return fault.call > 0 &&
+           (fault.lasts ? needsSpace && calls >= fault.call : calls == fault.call);
 }
 
 long fail() {
@@ -25,8 +26,8 @@ long fail() {
     return -1;
 }
 
-bool fails(bool wantsRoom = false) {
-    return isDue(wantsRoom) && fault.error != kShortWrite && fail() == -1;
+bool fails(bool needsSpace = false) {
+    return isDue(needsSpace) && fault.error != kShortWrite && fail() == -1;
 }
 
 template <typename Function>
@@ -41,7 +42,7 @@ void armFault(const Fault& armed) {
     calls = 0;
 }
 
-bool faultCame() {
+bool faultOccurred() {
     return calls >= fault.call;
 }
 
@@ -69,7 +70,7 @@ extern "C" int open(const char* path, int flags, unsigned mode) {
 
 extern "C" long write(int file, const void* bytes, std::size_t size) {
     const bool due = isDue(true);
-    // What is interrupted before its end tells how much it wrote, or has written nothing.
+    // An interrupted write reports how much it wrote, or has written nothing.
     const std::size_t part = fault.error == EINTR ? 0 : (size + 1) / 2;
     auto* const writeBytes = real<long(int, const void*, std::size_t)>("write");
     const long written = writeBytes(file, bytes, due ? part : size);

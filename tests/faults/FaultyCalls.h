@@ -1,6 +1,6 @@
 #pragma once
 
-/// What goes wrong with the file calls of this process. A write that fails has written half.
+/// A fault in the file calls of this process. A failing write has written half, with EINTR nothing.
 struct Fault {
     int call;   ///< which one, counted from 1 after `armFault`
     int error;  ///< the `errno` that it fails with, `kDeath` or `kShortWrite`
@@ -12,4 +12,4 @@ constexpr int kDeath = -1, kShortWrite = -2;
 void armFault(const Fault& fault);
 
 /// Whether the fault has come.
-bool faultCame();
+bool faultOccurred();

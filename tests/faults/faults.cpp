@@ -123,7 +123,7 @@ bool meets(const Fault& fault, const Scenario& scenario, const fs::path& folder)
             scenario.act(folder);
         } catch (const FileError&) { // which is all that an export may throw
         }
-        _exit(faultCame() ? 0 : 1);
+        _exit(faultOccurred() ? 0 : 1);
     }
     int status = 0;
     wait(&status);

@@ -1,6 +1,4 @@
-// Whatever numbers a position, an epoch or a date is made of, they are worked on without failing.
-//
-// An input holds up to four numbers of eight bytes.
+// Any numbers in a position, an epoch or a date are processed without failure.
 
 #include "epochs/Precession.h"
 #include "shell/EpochSelector.h"

@@ -1,4 +1,4 @@
-// Whatever is read from a settings file can be written, and reads back the same.
+// Everything read from a settings file can be written and reads back the same.
 
 #include "platform/Text.h"
 #include "settings/XMLDictionary.h"

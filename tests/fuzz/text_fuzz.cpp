@@ -1,7 +1,5 @@
-// Whatever a list's line or a stored epoch holds, it is read without failing, and what is written
-// from it reads back.
-//
-// An input's first byte selects the locale and the decimals; the rest is the text.
+// Any line of a list and any stored epoch is read without failure, and what is written from it
+// reads back.
 
 #include "controls/EntryMask.h"
 #include "notation/LookAlikes.h"
@@ -107,7 +105,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Readings plain = convert(folded, format);
     format.setLocalised(true);
     const Readings localised = convert(folded, format);
-    // Here both mean the same, and only a record that is not localised has a short road.
+    // With a point and no grouping, both readings must agree.
     require(locale.decimalPoint != "." || !locale.groupSeparator.empty() || plain == localised);
     splitLine(text);
     const std::string stored = RADecFormat(text, locale).AsString();

@@ -63,7 +63,7 @@ TEST(Ending, ASignalEndsTheProgramInOrderWhateverIsOpen) {
 }
 #endif
 
-TEST(QtTimers, AnAlarmRingsOnceUnlessItIsDestroyedAlsoWhileItRings) {
+TEST(QtTimers, AnAlarmFiresOnceUnlessDestroyedAndMayBeDestroyedInItsCall) {
     ScriptedDialogs dialogs;
     const LoggedProgress idle;
     QtScheduler scheduler(dialogs, idle);

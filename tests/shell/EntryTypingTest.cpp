@@ -53,7 +53,8 @@ TEST(EntryTyping, EveryRenderedPositionCanBeTypedPastedAndMended) {
                     if (std::count(mask.begin(), mask.end(), '9') < std::max(variant / 2, 1))
                         continue;
                     ++masks;
-                    const EntryMask entry(mask, locale.decimalPoint, RADecFormat::closingMark(mask));
+                    const EntryMask entry(mask, locale.decimalPoint,
+                                          RADecFormat::closingMark(mask));
                     for (const double value : name == "RA" ? hours : degrees)
                         expectTypable(entry, (format.*write)(value));
                 }

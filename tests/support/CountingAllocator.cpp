@@ -16,7 +16,9 @@ std::size_t allocationCount() {
     return count;
 }
 
-std::size_t allocatedBytes() { return bytes; }
+std::size_t allocatedBytes() {
+    return bytes;
+}
 
 void* operator new(std::size_t size) {
     ++count;

@@ -43,7 +43,7 @@ TEST(DelimitedText, ReadsEveryDialect) {
     }
 }
 
-TEST_F(ImportExportTest, EveryLineBecomesARow) {
+TEST_F(ImportExportTest, LinesWithFieldsBecomeRows) {
     for (const auto& [dialect, bytes, rows] : table<3>("imported_files"))
         EXPECT_EQ(import(dialect, bytes), rows) << bytes;
     main.FileImportBtn.press();
@@ -140,7 +140,7 @@ TEST_F(ImportExportTest, StoppedWorkKeepsTheRowsReadAndTheOldFile) {
     EXPECT_EQ(exported("Tab-separated"), "old");
 }
 
-TEST_F(ImportExportTest, NothingHappensAfterTheWindowClosedUnderItsDialog) {
+TEST_F(ImportExportTest, AClosedWindowIgnoresTheAnswerOfADialog) {
     dialogs.file = folder / "list.txt";
     main.close();
     main.FileImportBtn.press();

@@ -16,7 +16,7 @@ struct ManualEntryTest : WindowTest {
     }
 };
 
-TEST_F(ManualEntryTest, EveryKeystrokeIsJudged) {
+TEST_F(ManualEntryTest, EachChangeOfTheTextIsChecked) {
     EXPECT_EQ(verdict(), "-red-No data!|-red-No data!|off");
     program.setFormats("HH MM SS\t+DD MM SS\tN\t1\t0", "HH\tDD\tN\t0\t0");
     program.settle();

@@ -190,7 +190,7 @@ TEST_F(SaveRestoreTest, RowsStayStoredUnlessAllAreRestored) {
     run([](TestWindow&, MainWindow& main) { EXPECT_EQ(main.list.RowCount(), 5000); });
 }
 
-TEST_F(SaveRestoreTest, ARestoreAllocatesForBlocksOfRowsAndNotForRows) {
+TEST_F(SaveRestoreTest, ARestoreAllocatesPerBlockOfRowsAndNotPerRow) {
     run([](TestWindow&, MainWindow& main) {
         for (int row = 0; row < 20'000; ++row)
             main.ConvertCoordinates("1", "2");
