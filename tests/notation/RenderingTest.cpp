@@ -16,16 +16,19 @@ TEST(Rendering, WritesEachValueAsInTheTable) {
 }
 
 TEST(Rendering, NotationsAreOfferedInOrderWithTheirMasks) {
-    std::vector<std::array<std::string, 3>> offered;
+    std::vector<std::array<std::string, 4>> offered;
     for (const auto& [name, notations, select, read, write, mask] : kCoordinates)
         for (const std::string& notation : notations()) {
             RADecFormat format("\t\tY", kComma);
             (format.*select)(notation);
-            offered.push_back({std::string(name), notation, (format.*mask)()});
+            const std::string shape = (format.*mask)();
+            const std::string_view closing = RADecFormat::closingMark(shape);
+            offered.push_back({std::string(name), notation, shape, std::string(closing)});
         }
-    EXPECT_EQ(offered, table<3>("notations"));
+    EXPECT_EQ(offered, table<4>("notations"));
     EXPECT_EQ(RADecFormat("hh mm", kComma).RAMask(), R"(##\ ##\.99999)") << "not localised";
     EXPECT_EQ(RADecFormat("\t+ddmm", kComma).DecMask(), R"(&####\.999999)") << "not localised";
+    EXPECT_EQ(RADecFormat::closingMark(R"(##\h##\.999999)"), "m") << "not localised";
     EXPECT_EQ(RADecFormat("none\tnone", kComma).RAMask(), "");
 }
 
