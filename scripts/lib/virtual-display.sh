@@ -1,4 +1,6 @@
+# shellcheck shell=bash
 # Starts a virtual display with a window manager, and takes pictures of its windows.
+# Needs lib/common.sh and the package group `display`.
 
 virtual_display_folder=
 virtual_display_pids=()
