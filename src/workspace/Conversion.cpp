@@ -64,6 +64,7 @@ const Precession& MainWindow::precession() {
 
 void MainWindow::showColumns() {
     std::vector<std::string> headings;
+    headings.reserve(kColumns.size());
     for (const Column& column : kColumns)
         headings.emplace_back(column.heading);
     list.setColumns(std::move(headings));

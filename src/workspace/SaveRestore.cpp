@@ -191,6 +191,7 @@ void MainWindow::keepStates() {
 template <typename Kept>
 void MainWindow::keep(Kept& control, std::string_view key, const Variant& byDefault,
                       void (MainWindow::*restored)()) {
+    // NOLINTNEXTLINE(bugprone-exception-escape): moving a Variant does not throw
     control.Open = [=, this, &control] {
         restoreState(control, prefs().Value(key, byDefault));
         if (restored != nullptr)
