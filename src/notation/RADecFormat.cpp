@@ -4,7 +4,6 @@
 #include "platform/Number.h"
 #include "platform/Text.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 

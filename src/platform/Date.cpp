@@ -21,7 +21,7 @@ namespace ch = std::chrono;
 constexpr std::int64_t kCycleYears = 400;
 constexpr std::int64_t kCycleDays = 146097;
 constexpr std::int64_t kMonths = 12;
-constexpr double kSecondsOfDay = 86400.0;
+constexpr std::int64_t kSecondsOfDay = 86400;
 constexpr unsigned kFirstTypedYear = 100;
 
 struct Quotient {
@@ -107,13 +107,14 @@ std::optional<DayFields> typedFields(std::string_view text) {
 } // namespace
 
 double Date::TotalSeconds() const {
-    return dayNumber(year, month, day) * kSecondsOfDay + static_cast<double>(hour) * 3600.0 +
-           static_cast<double>(minute) * 60.0 + static_cast<double>(second);
+    return dayNumber(year, month, day) * static_cast<double>(kSecondsOfDay) +
+           static_cast<double>(hour) * 3600.0 + static_cast<double>(minute) * 60.0 +
+           static_cast<double>(second);
 }
 
 void Date::setTotalSeconds(double seconds) {
     const ch::sys_days origin;
-    const Quotient days = floorDivide(truncated(std::floor(seconds)), 86400);
+    const Quotient days = floorDivide(truncated(std::floor(seconds)), kSecondsOfDay);
     const Quotient cycle = floorDivide(days.whole, kCycleDays);
     const ch::year_month_day civil(origin + ch::days(cycle.remainder));
     const ch::hh_mm_ss clock{ch::seconds(days.remainder)};

@@ -6,7 +6,6 @@
 #include <QMenuBar>
 #include <QPointer>
 
-#include <map>
 #include <vector>
 
 namespace skyvert {

@@ -19,12 +19,12 @@ struct Column {
     char* (RADecFormat::*write)(double value, char* text) const;
 };
 
-constexpr std::array<Column, 4> kColumns{{
+constexpr auto kColumns = std::to_array<Column>({
     {"Input RA", kInput, &Pair::Left, &RADecFormat::writeRA},
     {"Input Dec", kInput, &Pair::Right, &RADecFormat::writeDec},
     {"Output RA", kOutput, &Pair::Left, &RADecFormat::writeRA},
     {"Output Dec", kOutput, &Pair::Right, &RADecFormat::writeDec},
-}};
+});
 
 } // namespace
 

@@ -13,11 +13,11 @@ constexpr char kSpace = ' ';
 constexpr char kComma = ',';
 constexpr char kQuote = '"';
 
-constexpr std::array<Dialect, 3> kDialects{{
+constexpr auto kDialects = std::to_array<Dialect>({
     {"Tab-separated", '\t'},
     {"Comma-separated", kComma, true},
     {"Space-separated", kSpace},
-}};
+});
 
 /// Appends a field with every double quote doubled.
 void appendDoubled(std::string_view field, std::string& line) {

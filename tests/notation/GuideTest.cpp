@@ -16,8 +16,10 @@ TEST(Guide, ShowsWhatEachNotationWritesAndReads) {
     for (const auto& [name, notations, select, read, write, mask] : kCoordinates)
         for (const std::string& notation : notations()) {
             (format.*select)(notation);
-            const std::string example = (format.*write)(name == "RA" ? 15.7851 : 22.6751);
+            const double written = name == "RA" ? 15.7851 : 22.6751;
+            const std::string example = (format.*write)(written);
             const double value = (format.*read)(example, error);
+            EXPECT_NEAR(value, written, 0.0051) << notation;
             const std::size_t begin = guide.find("| `" + notation + "` | `" + example + "` |");
             ASSERT_NE(begin, std::string::npos) << notation << " " << example;
             const std::string row = guide.substr(begin, guide.find('\n', begin) - begin);

@@ -1,6 +1,5 @@
 #include "notation/PastedPosition.h"
 
-#include "controls/EntryMask.h"
 #include "notation/RADecFormat.h"
 #include "support/Table.h"
 
