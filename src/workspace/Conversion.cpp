@@ -10,20 +10,25 @@ namespace {
 constexpr Color kStripe{0xEFEFEF};
 
 enum Side : std::size_t { kInput, kOutput };
+enum class Coordinate { RightAscension, Declination };
+
+char* write(const RADecFormat& format, const Pair& position, Coordinate coordinate, char* text) {
+    return coordinate == Coordinate::RightAscension ? format.writeRA(position.Left, text)
+                                                    : format.writeDec(position.Right, text);
+}
 
 /// A column of the list: its heading and the source of its cells.
 struct Column {
     std::string_view heading;
     Side side; ///< selects the epoch of the heading, and the format and position of the cells
-    double Pair::*coordinate;
-    char* (RADecFormat::*write)(double value, char* text) const;
+    Coordinate coordinate;
 };
 
 constexpr auto kColumns = std::to_array<Column>({
-    {"Input RA", kInput, &Pair::Left, &RADecFormat::writeRA},
-    {"Input Dec", kInput, &Pair::Right, &RADecFormat::writeDec},
-    {"Output RA", kOutput, &Pair::Left, &RADecFormat::writeRA},
-    {"Output Dec", kOutput, &Pair::Right, &RADecFormat::writeDec},
+    {"Input RA", kInput, Coordinate::RightAscension},
+    {"Input Dec", kInput, Coordinate::Declination},
+    {"Output RA", kOutput, Coordinate::RightAscension},
+    {"Output Dec", kOutput, Coordinate::Declination},
 });
 
 } // namespace
@@ -41,8 +46,8 @@ void MainWindow::ConvertCoordinates(std::string_view ra, std::string_view dec) {
     std::array<std::string_view, kColumns.size()> cells;
     char* begin = text.data();
     for (std::size_t i = 0; i < kColumns.size(); ++i) {
-        const auto& [heading, side, coordinate, write] = kColumns[i];
-        char* const end = (formats[side]->*write)(positions[side].*coordinate, begin);
+        const auto& [heading, side, coordinate] = kColumns[i];
+        char* const end = write(*formats[side], positions[side], coordinate, begin);
         cells[i] = {begin, end};
         begin = end;
     }
