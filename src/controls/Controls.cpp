@@ -86,14 +86,14 @@ void DateControl::setDateValue(const Date& date) {
 }
 
 void ContainerControl::open() {
-    for (Control* child : children_)
-        child->open();
+    for (Control* const each : children_)
+        each->open();
     Control::open();
 }
 
 void ContainerControl::close() {
-    for (Control* child : children_)
-        child->close();
+    for (Control* const each : children_)
+        each->close();
     Control::close();
 }
 

@@ -55,8 +55,8 @@ void RowStore::addBounds(Block& block, std::span<const std::string_view> cells) 
     while (bounds.size() <= row * columns_)
         bounds.push_back(bounds[bounds.size() - columns_] + bounds[columns_]);
     for (std::size_t column = 0; column < columns_; ++column) {
-        const std::size_t size = column < cells.size() ? cells[column].size() : 0;
-        bounds.push_back(bounds.back() + static_cast<std::uint32_t>(size));
+        const std::size_t length = column < cells.size() ? cells[column].size() : 0;
+        bounds.push_back(bounds.back() + static_cast<std::uint32_t>(length));
     }
 }
 

@@ -21,8 +21,8 @@ void Window::close() {
             firstError = firstError ? firstError : std::current_exception();
         }
     };
-    for (Control* child : children())
-        attempt([child] { child->close(); });
+    for (Control* const each : children())
+        attempt([each] { each->close(); });
     attempt([this] { raiseClose(); });
     if (firstError)
         std::rethrow_exception(firstError);

@@ -16,10 +16,10 @@ std::string maskOf(const Notation* notation, bool localised) {
 } // namespace
 
 std::string_view RADecFormat::closingMark(std::string_view mask) {
-    const std::string localised = Replace(mask, "\\.", ".");
+    const std::string tableMask = Replace(mask, "\\.", ".");
     for (const auto notations : {notationsOfRA(), notationsOfDec()})
         for (const Notation& notation : notations)
-            if (notation.mask == localised)
+            if (notation.mask == tableMask)
                 return notation.closingMark.text();
     return {};
 }
