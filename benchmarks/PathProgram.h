@@ -69,7 +69,7 @@ inline double nanoseconds(const std::function<void()>& path) {
 }
 
 /// Memory of the process in MB: "VmRSS:", what it holds now, or "VmHWM:", the most it has held. 0
-/// where the system does not tell.
+/// if the system does not report it.
 inline double megabytes(const std::string& name) {
     std::ifstream status("/proc/self/status");
     double kibibytes = 0;

@@ -3,8 +3,8 @@
 
 all_paths.py BUILD-FOLDER ROUNDS [ROW...]
 
-Both sides of a row run in turn, a round after an unmeasured one, on one core; who begins changes from
-round to round. Each round gives one ratio. A row shows their median and quartiles, first alone and then
+Both sides of a row run in turn, a round after an unmeasured one, on one core; the side that runs
+first alternates. Each round gives one ratio. A row shows their median and quartiles, first alone and then
 with a neighbour: a process on another core that streams through memory. A goal is reached when the
 upper quartile is within it.
 
@@ -47,7 +47,7 @@ class Row(NamedTuple):
     """A line of the table. Both sides are functions that run a program and return its figures by unit.
 
     Rows with the same two sides share their rounds. A row without `against` is about the figure itself; one
-    without a goal is there to be seen.
+    without a goal is for information only.
     """
 
     name: str
@@ -206,7 +206,6 @@ def cell(values, goal, steady):
 
 
 def table(bench):
-    limit = partial(bench.limit)
     io = partial(bench.limit, "io")
     tab, export, save, load = (partial(bench.path, path) for path in ("import", "export", "save", "load"))
     comma = partial(bench.path, "import", kind="csv", dialect="Comma-separated", notations=COLONS)
@@ -216,22 +215,22 @@ def table(bench):
     scroll = partial(bench.path, "scroll", program="window_paths")
     short_scroll = partial(bench.path, "scroll", rows=20, program="window_paths")
     return [
-        Row("engine", partial(bench.engine), partial(bench.limit, "format"), 1.15),
-        Row("import, tab", tab, limit, 1.5),
-        Row("import, comma", comma, limit, 1.7),
-        Row("import, space", space, limit, 1.7),
+        Row("engine", bench.engine, partial(bench.limit, "format"), 1.15),
+        Row("import, tab", tab, bench.limit, 1.5),
+        Row("import, comma", comma, bench.limit, 1.7),
+        Row("import, space", space, bench.limit, 1.7),
         Row("import, decimal comma against points", localised, tab, 1.3),
         Row("slowest of 18 x 10 notations against HH MM SS, +DD MM SS", partial(bench.slowest_engine, 200000),
             partial(bench.engine, 200000, ("HH MM SS", "+DD MM SS")), 1.25),
         Row("export", export, io, 2),
         Row("export without its syncs", export, io, None, "unsynced-ns/row"),
         Row("export, its syncs alone", export, io, None, "sync-ns/row"),
-        Row("import and export, whole processes", export, limit, 2, "process-s", "process-s"),
-        Row("save without its syncs", save, limit, 6, "unsynced-ns/row"),
-        Row("save, its syncs alone", save, limit, None, "sync-ns/row"),
-        Row("save, peak of memory", save, limit, 400, "peak-MB", None),
-        Row("load", load, limit, 6),
-        Row("load, peak of memory", load, limit, 350, "peak-MB", None),
+        Row("import and export, whole processes", export, bench.limit, 2, "process-s", "process-s"),
+        Row("save without its syncs", save, bench.limit, 6, "unsynced-ns/row"),
+        Row("save, its syncs alone", save, bench.limit, None, "sync-ns/row"),
+        Row("save, peak of memory", save, bench.limit, 400, "peak-MB", None),
+        Row("load", load, bench.limit, 6),
+        Row("load, peak of memory", load, bench.limit, 350, "peak-MB", None),
         Row("window: import against headless", window, tab, 1.5),
         Row("window: memory of 1,000,000 rows", window, tab, 48, "MB", None),
         Row("window: a frame of scrolling 1,000,000 rows against 20", scroll, short_scroll, 1.15,
@@ -264,7 +263,7 @@ def growth(bench):
     print("\nNanoseconds a row, medians of three runs:\n")
     print("| path | " + " | ".join(f"{count:,}" for count in counts) + " |")
     print("|---" * (len(counts) + 1) + "|")
-    for name, side in {**sides, "yardstick": partial(bench.limit)}.items():
+    for name, side in {**sides, "yardstick": bench.limit}.items():
         times = [statistics.median(side(rows=count)["ns/row"] for _ in range(3)) for count in counts]
         print(f"| {name} | " + " | ".join(f"{time:.0f}" for time in times) + " |", flush=True)
 
@@ -276,7 +275,7 @@ def main():
     rows = [row for row in table(bench) if row.name.startswith(begins)]
     growing = "growth".startswith(begins)
     if not rows and not growing:
-        sys.exit(f"no row begins so: {', '.join(begins)}")
+        sys.exit(f"no row begins with: {', '.join(begins)}")
     print(f"{bench.rounds} rounds; load of the machine before: {os.getloadavg()[0]:.2f}\n")
     if rows:
         goals(bench, rows)

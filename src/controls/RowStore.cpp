@@ -11,8 +11,6 @@ RowStore::Block& RowStore::blockWithRoom() {
     if (size_ < blocks_.size() * kRowsPerBlock)
         return blocks_.back();
     Block block;
-    block.bounds.reserve(columns_ + 1);
-    block.bounds.push_back(0);
     if (!blocks_.empty()) {
         // Rows of a list are alike, so the last block predicts the size of this one.
         blocks_.back().text.shrink_to_fit();

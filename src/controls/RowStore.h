@@ -36,7 +36,7 @@ private:
         std::string text;
         /// 0 and the end of each cell in `text`: of the first row alone while all rows have cells
         /// of the same lengths (a uniform block), otherwise of all rows.
-        std::vector<std::uint32_t> bounds;
+        std::vector<std::uint32_t> bounds{0};
     };
 
     Block& blockWithRoom();

@@ -1,5 +1,5 @@
-#include "notation/FieldCutting.h"
 #include "notation/CommonErrors.h"
+#include "notation/FieldCutting.h"
 #include "notation/Notation.h"
 #include "notation/RADecFormat.h"
 

@@ -22,7 +22,6 @@ constexpr std::int64_t kCycleYears = 400;
 constexpr std::int64_t kCycleDays = 146097;
 constexpr std::int64_t kMonths = 12;
 constexpr std::int64_t kSecondsOfDay = 86400;
-constexpr unsigned kFirstTypedYear = 100;
 
 struct Quotient {
     std::int64_t whole;

@@ -37,9 +37,12 @@ struct Date {
     /// an existing day of the years 1 to 9999.
     void setSQLDate(std::string_view text);
 
+    static constexpr unsigned kFirstTypedYear = 100;
+    static constexpr unsigned kLastTypedYear = 9999;
+
     /// Parses a typed date: year, month and day, separated by "-", "/", "." or a blank, or as eight
     /// digits. Returns that day at 0h; nothing for any other text, for a day that does not exist
-    /// and outside the years 100 to 9999.
+    /// and outside the years `kFirstTypedYear` to `kLastTypedYear`.
     static std::optional<Date> fromTyped(std::string_view text);
 
     /// Parses a text in the form of `SQLDateTime`, or of `SQLDate` for 0h. Returns nothing for any

@@ -21,11 +21,11 @@ const char* const kCue = "YYYY-MM-DD";
 const char* const kReason = "This is not a date as YYYY-MM-DD, from 0100-01-01 to 9999-12-31.";
 
 QDate firstDay() {
-    return {100, 1, 1};
+    return {Date::kFirstTypedYear, 1, 1};
 }
 
 QDate lastDay() {
-    return {9999, 12, 31};
+    return {Date::kLastTypedYear, 12, 31};
 }
 
 /// The day itself, or the nearest one that can be typed.

@@ -71,7 +71,7 @@ int positionOf(const QString& text, std::size_t characters) {
 MaskedLineEdit::MaskedLineEdit(QWidget* parent) : QLineEdit(parent) {
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (!isBecoming_)
-            tell();
+            reportText();
     });
     // This signal comes last, for every change. Its argument may be outdated.
     connect(this, &QLineEdit::textChanged, this, [this] {
@@ -86,7 +86,7 @@ void MaskedLineEdit::setText(const QString& text) {
     QLineEdit::setText(text);
 }
 
-void MaskedLineEdit::tell() {
+void MaskedLineEdit::reportText() {
     known_ = text();
     emit edited(known_);
 }
@@ -98,7 +98,7 @@ void MaskedLineEdit::takeForeignText() {
     selectAll();
     const auto entry = pastedEntry(foreign);
     setText(toQString(entry ? entry->text : foreign));
-    tell();
+    reportText();
 }
 
 void MaskedLineEdit::focusOutEvent(QFocusEvent* event) {
@@ -302,7 +302,7 @@ void MaskedLineEdit::become(const EntryText& entry) {
         setCursorPosition(positionOf(wanted, entry.caret));
     }
     if (before != wanted)
-        tell();
+        reportText();
 }
 
 /// Changes only the part that differs, so that each change is one step of the undo history and

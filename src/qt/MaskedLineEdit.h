@@ -84,7 +84,7 @@ private:
     bool replacesAllDigits() const;
     void type(const QString& typed);
     void pasteText(const QString& pasted);
-    void tell();
+    void reportText();
     void takeForeignText();
     std::size_t characterAt(int position) const;
     int selectionFirst() const;

@@ -21,8 +21,8 @@ namespace {
 /// Whether a document is well-formed. A truncated one is not: it lacks the closing tag of the root.
 bool isWellFormed(std::string_view text) {
     try {
-        XmlHandler nobody;
-        parseXml(text, nobody);
+        XmlHandler ignoring;
+        parseXml(text, ignoring);
         return true;
     } catch (const XmlException&) {
         return false;

@@ -97,7 +97,7 @@ std::string xmlCharacter(std::string_view& text) {
 }
 
 /// Passes a node and everything below it to a handler.
-void tell(XmlNode node, XmlHandler& handler) {
+void passOn(XmlNode node, XmlHandler& handler) {
     switch (node.type()) {
     case pugi::node_element: {
         std::vector<const char*> attributes;
@@ -124,7 +124,7 @@ void tell(XmlNode node, XmlHandler& handler) {
 
 void walkXml(XmlNode node, XmlHandler& handler) {
     for (const XmlNode child : node.children())
-        tell(child, handler);
+        passOn(child, handler);
 }
 
 // --- Text

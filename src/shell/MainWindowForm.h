@@ -8,13 +8,16 @@
 #include "shell/FormatSelector.h"
 #include "shell/Popup.h"
 
+#include <chrono>
+
 namespace skyvert {
 
 /// The layout of the main window: its controls in order of creation, their positions and their
-/// initial state. `workspace/MainWindow` adds the handlers.
+/// initial state. `workspace/MainWindow` adds the handlers, the columns of the list and the rows of
+/// the popups, and replaces the texts "xxx" when the entry fields open.
 class MainWindowForm : public Window {
 protected:
-    /// `desktop` must outlive the window. `OpenTimer` starts to run.
+    /// Starts `OpenTimer`. `desktop` must outlive the window.
     explicit MainWindowForm(const Desktop& desktop);
 
     const Desktop& desktop_;
@@ -43,8 +46,8 @@ public:
     Popup          ListFormat     {child(GroupBox3, {"ListFormat",     634, 202, 147,  20})};
     PushButton     ExportListBtn  {child(GroupBox3, {"ExportListBtn",  792, 200,  72,  20, "Export..."})};
     // clang-format on
-    Timer FormatChangeTimer;
-    Timer OpenTimer;
+    Timer FormatChangeTimer{desktop_.scheduler, std::chrono::milliseconds(10)};
+    Timer OpenTimer{desktop_.scheduler, std::chrono::milliseconds(500)};
 };
 
 } // namespace skyvert

@@ -9,14 +9,13 @@ namespace skyvert {
 
 namespace {
 
-constexpr char kSpace = ' ';
 constexpr char kComma = ',';
 constexpr char kQuote = '"';
 
 constexpr auto kDialects = std::to_array<Dialect>({
     {"Tab-separated", '\t'},
     {"Comma-separated", kComma, true},
-    {"Space-separated", kSpace},
+    {"Space-separated", ' '},
 });
 
 /// Appends a field with every double quote doubled.
@@ -121,13 +120,13 @@ std::string_view LineSplitter::withBlankPairsReplaced(std::string_view line) {
 
 std::span<const std::string_view> LineSplitter::split(std::string_view line,
                                                       const Dialect& dialect) {
-    fields_.clear();
     if (dialect.quoted) {
+        fields_.clear();
         for (const std::string& field : comma_.SplitCommaSeparated(line))
             fields_.emplace_back(field);
     } else {
-        const bool byBlanks = dialect.separator == kSpace;
-        Split(byBlanks ? withBlankPairsReplaced(line) : line, dialect.separator, fields_);
+        Split(dialect.separatesByBlanks() ? withBlankPairsReplaced(line) : line, dialect.separator,
+              fields_);
     }
     return fields_;
 }

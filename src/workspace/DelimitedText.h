@@ -10,8 +10,10 @@ namespace skyvert {
 /// How the fields of a record are written in one line of a delimited text file.
 struct Dialect {
     std::string_view name; ///< as shown in the popups
-    char separator;        ///< two blanks count as one
-    bool quoted = false;   ///< whether fields may be quoted; only with commas
+    char separator;
+    bool quoted = false; ///< whether fields may be quoted; only with commas
+
+    bool separatesByBlanks() const { return separator == ' '; }
 };
 
 /// All dialects, in the order of the popups' rows.

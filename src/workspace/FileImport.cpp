@@ -112,7 +112,7 @@ void MainWindow::importLine(std::string_view line, const Dialect& dialect) {
 /// notation of the format contains blanks.
 bool MainWindow::refusesSpaces(const Popup& popup, const FormatSelector& format) {
     const Dialect* const dialect = dialectNamed(popup.value());
-    if (dialect == nullptr || dialect->separator != ' ' || !format.ContainsSpaces())
+    if (dialect == nullptr || !dialect->separatesByBlanks() || !format.ContainsSpaces())
         return false;
     desktop_.dialogs.MsgBox("The file format is incompatible with the data format (i.e. the "
                             "data contain spaces)!");

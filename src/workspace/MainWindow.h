@@ -75,7 +75,7 @@ private:
     void ManualEnterBtn_Action();
     void DataEntryMask_Action();
     void ClearListButton_Action();
-    bool wantsSign(const TextField& field) const;
+    bool wantsSign() const;
     void setMasked(TextField& field, std::string_view text) const;
 
     // Save and restore

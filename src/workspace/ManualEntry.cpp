@@ -51,7 +51,7 @@ void MainWindow::setMasked(TextField& field, std::string_view text) const {
 }
 
 void MainWindow::decManual_TextChange() {
-    if (wantsSign(decManual)) {
+    if (wantsSign()) {
         // Replaces the character; the assignment runs this handler again.
         decManual.setText("+");
         return;
@@ -62,10 +62,11 @@ void MainWindow::decManual_TextChange() {
     CheckManualData();
 }
 
-/// Whether the text is a single character other than a sign, under the mask of a signed notation.
-bool MainWindow::wantsSign(const TextField& field) const {
-    return DataEntryMask.value() && field.cueText().starts_with('+') && Len(field.text()) == 1 &&
-           field.text() != "-" && field.text() != "+";
+/// Whether the declination is a single character other than a sign, under the mask of a signed
+/// notation.
+bool MainWindow::wantsSign() const {
+    return DataEntryMask.value() && decManual.cueText().starts_with('+') &&
+           Len(decManual.text()) == 1 && decManual.text() != "-" && decManual.text() != "+";
 }
 
 /// Enables `ManualEnterBtn` when both fields parse.
